@@ -1,0 +1,21 @@
+# Fails when a source file of the headless core includes Qt or RtMidi. The
+# screens (*/screens/), the MIDI backends and the programs in app/ may.
+# Run as: cmake -DSOURCE_DIR=<src> -P CheckCoreIncludes.cmake
+file(GLOB_RECURSE sources "${SOURCE_DIR}/*.h" "${SOURCE_DIR}/*.cpp")
+set(offenders "")
+foreach(source IN LISTS sources)
+  file(RELATIVE_PATH relative "${SOURCE_DIR}" "${source}")
+  if(relative MATCHES "(^|/)screens/" OR relative MATCHES "^midi/backends/" OR relative MATCHES "^app/")
+    continue()
+  endif()
+  file(STRINGS "${source}" includes REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"](Q[A-Za-z]*|qt[A-Za-z]*/|RtMidi|rtmidi)")
+  if(includes)
+    list(APPEND offenders "${relative}: ${includes}")
+  endif()
+endforeach()
+if(offenders)
+  list(JOIN offenders "\n" text)
+  message(FATAL_ERROR "The headless core includes Qt or RtMidi:\n${text}")
+endif()
+list(LENGTH sources count)
+message(STATUS "${count} sources checked")

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace quillon {
+
+// The commands of quillon-cli. Each writes its result to out and a one-line
+// reason to err, and returns the exit code: 0 done, 1 data it cannot use,
+// 2 bad usage or a file it cannot read.
+inline constexpr int kExitOk = 0;
+inline constexpr int kExitBadData = 1;
+inline constexpr int kExitUsage = 2;
+
+// All parameter, section and subsection tables and the default values.
+int runTables(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
+// "value<TAB>text" for every value of a decode table from FROM to TO.
+int runDecode(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
+// The parameter values of the one item (or bank member) of a dump file.
+int runParams(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
+}  // namespace quillon
