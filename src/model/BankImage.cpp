@@ -11,14 +11,14 @@ namespace {
 constexpr int kNameLength = 16;
 
 std::string memberName(const ByteImage& bank, bool bankLoaded, int bankKind, int member, int members,
-                       int memberBytes, const char* missingWord)
+                       int memberBytes, const char* missingText)
 {
     if (bankKind < 0 || bankKind > 8 || member < 0 || member >= members)
         return {};
     if (!bankLoaded) {
-        char text[32];
-        std::snprintf(text, sizeof text, "No %s (%03d)", missingWord, member);
-        return text;
+        char number[8];
+        std::snprintf(number, sizeof number, "%03d", member);
+        return std::string(missingText) + number + ")";
     }
     const std::size_t at = static_cast<std::size_t>(member) * memberBytes;
     if (at + kNameLength > bank.size())
@@ -31,19 +31,19 @@ std::string memberName(const ByteImage& bank, bool bankLoaded, int bankKind, int
 
 std::string bankPatchName(const ByteImage& bank, bool bankLoaded, int bankKind, int patch)
 {
-    return memberName(bank, bankLoaded, bankKind, patch, kPatchesPerBank, kPatchBytes, "patch");
+    return memberName(bank, bankLoaded, bankKind, patch, kPatchesPerBank, kPatchBytes, "No patch (");
 }
 
 // An empty multi bank names its members "No patch (...)" as well; the wording
 // is the program's own and is kept.
 std::string bankMultiName(const ByteImage& bank, bool bankLoaded, int bankKind, int multi)
 {
-    return memberName(bank, bankLoaded, bankKind, multi, kMultisPerBank, kMultiBytes, "patch");
+    return memberName(bank, bankLoaded, bankKind, multi, kMultisPerBank, kMultiBytes, "No patch (");
 }
 
 std::string bankPatternName(const ByteImage& bank, bool bankLoaded, int pattern)
 {
-    return memberName(bank, bankLoaded, kArpBank, pattern, kPatternsPerBank, kPatternBytes, "pattern");
+    return memberName(bank, bankLoaded, kArpBank, pattern, kPatternsPerBank, kPatternBytes, "No pattern (");
 }
 
 std::string fileNameFromName(std::string_view name)

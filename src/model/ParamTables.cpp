@@ -168,6 +168,12 @@ bool tableIsRandomised(int table)
     return std::find(std::begin(kRandomTables), std::end(kRandomTables), table) != std::end(kRandomTables);
 }
 
+void noteIdErrors(ParamTables& t, int count, std::string_view errorsText)
+{
+    if (count > 0)
+        t.errorTexts.push_back(tableErrorText(count, errorsText));
+}
+
 void setUpPatch(ParamTables& t)
 {
     t.patch.assign(kPatchParams + 1, ParamDef{});
@@ -179,12 +185,9 @@ void setUpPatch(ParamTables& t)
         t.patch[r].id = static_cast<std::int16_t>(r);
         t.patch[r].name = "not used (by Korg)";
     }
-    for (const auto& text : {tableErrorText(countIdMismatches(t.patch, 1, kPatchFixedLastRow), "Patch"),
-                             tableErrorText(countIdMismatches(t.patch, kPatchEffectFirstRow, kPatchEffectLastRow),
-                                            "Patch")}) {
-        if (!text.empty())
-            t.errorTexts.push_back(text);
-    }
+    // The fixed rows are checked in their two runs, each counted afresh.
+    noteIdErrors(t, countIdMismatches(t.patch, 1, kPatchFixedLastRow), kPatchTableErrors);
+    noteIdErrors(t, countIdMismatches(t.patch, kPatchEffectFirstRow, kPatchEffectLastRow), kPatchTableErrors);
     for (const auto& copy : kPatchRowCopies)
         copyRows(t.patch, t.patch, copy);
 
@@ -206,9 +209,7 @@ void setUpMulti(ParamTables& t)
     t.multi.assign(kMultiParams + 1, ParamDef{});
     const auto strings = multiRowStrings();
     parseRowsInto(t.multi, strings, 1);
-    const std::string errors = tableErrorText(countIdMismatches(t.multi, 1, static_cast<int>(strings.size())), "Multi");
-    if (!errors.empty())
-        t.errorTexts.push_back(errors);
+    noteIdErrors(t, countIdMismatches(t.multi, 1, static_cast<int>(strings.size())), kMultiTableErrors);
     for (const auto& copy : kMultiRowCopies)
         copyRows(t.patch, t.multi, copy);
 
@@ -235,9 +236,7 @@ void setUpArp(ParamTables& t)
 {
     t.arp.assign(kArpParams + 1, ParamDef{});
     parseRowsInto(t.arp, arpRowStrings(), 1);
-    const std::string errors = tableErrorText(countIdMismatches(t.arp, 1, kArpParams), "Arpeggiator");
-    if (!errors.empty())
-        t.errorTexts.push_back(errors);
+    noteIdErrors(t, countIdMismatches(t.arp, 1, kArpParams), kArpTableErrors);
     t.arpDefaults = defaultsFrom(t.arp, arpDefaultPairs());
 }
 

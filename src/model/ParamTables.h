@@ -39,6 +39,10 @@ struct ParamTables {
     std::vector<std::string> errorTexts;
 };
 
+// What the Firm and Hard flags mean, as the table browser explains them.
+inline constexpr const char* kFirmDescription = "Firm status - not changed by random feature";
+inline constexpr const char* kHardDescription = "Hard status - cannot be changed by editor";
+
 inline constexpr int kPatchSectionRows = 83;
 inline constexpr int kPatchSubsectionRows = 138;
 inline constexpr int kMultiSectionRows = 40;

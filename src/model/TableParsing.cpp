@@ -81,11 +81,11 @@ int countIdMismatches(const std::vector<ParamDef>& rows, int from, int to)
     return count;
 }
 
-std::string tableErrorText(int count, std::string_view tableName)
+std::string tableErrorText(int count, std::string_view errorsText)
 {
     if (count <= 0)
         return {};
-    return std::to_string(count) + " errors loading " + std::string(tableName) + " data";
+    return std::to_string(count) + std::string(errorsText);
 }
 
 }  // namespace quillon

@@ -21,8 +21,13 @@ SubSectionDef parseSubSectionRow(std::string_view row);
 // Number of rows from..to whose ID is not their row number.
 int countIdMismatches(const std::vector<ParamDef>& rows, int from, int to);
 
-// The text kept for a table that loaded with mismatched IDs, such as
-// "3 errors loading Patch data"; empty when the count is 0.
-std::string tableErrorText(int count, std::string_view tableName);
+// What is said of a table that loaded with mismatched IDs.
+inline constexpr std::string_view kPatchTableErrors = " errors loading Patch data";
+inline constexpr std::string_view kMultiTableErrors = " errors loading Multi data";
+inline constexpr std::string_view kArpTableErrors = " errors loading Arpeggiator data";
+
+// The count followed by one of the texts above, such as "3 errors loading
+// Patch data"; empty when the count is 0.
+std::string tableErrorText(int count, std::string_view errorsText);
 
 }  // namespace quillon

@@ -181,8 +181,9 @@ TEST(ParamImage, ReadingFollowsTheOscillatorTypeInHand)
     patchParamsToImage(values, image);
     const auto rows = rowsInForce(kPatch, values);
     for (int r : rows) {
-        if (r >= 464 && r <= 754)
+        if (r >= 464 && r <= 754) {
             EXPECT_EQ(patchRow(r).sect, 430) << r;
+        }
     }
     EXPECT_NE(std::find(rows.begin(), rows.end(), 690), rows.end());
     EXPECT_EQ(std::find(rows.begin(), rows.end(), 464), rows.end());

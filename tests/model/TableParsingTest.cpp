@@ -50,9 +50,10 @@ TEST(TableParsing, MismatchedIdsAreCounted)
 
 TEST(TableParsing, ErrorTextNamesCountAndTable)
 {
-    EXPECT_EQ(tableErrorText(2, "Patch"), "2 errors loading Patch data");
-    EXPECT_EQ(tableErrorText(1, "Arpeggiator"), "1 errors loading Arpeggiator data");
-    EXPECT_EQ(tableErrorText(0, "Multi"), "");
+    EXPECT_EQ(tableErrorText(2, kPatchTableErrors), "2 errors loading Patch data");
+    EXPECT_EQ(tableErrorText(1, kArpTableErrors), "1 errors loading Arpeggiator data");
+    EXPECT_EQ(tableErrorText(3, kMultiTableErrors), "3 errors loading Multi data");
+    EXPECT_EQ(tableErrorText(0, kMultiTableErrors), "");
 }
 
 }  // namespace
