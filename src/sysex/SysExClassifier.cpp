@@ -33,9 +33,18 @@ int classifySysEx(std::span<const std::uint8_t> firstBytes)
 std::string_view sysExTypeLabel(int type)
 {
     static constexpr std::array<std::string_view, 12> kLabels{
-        "all Z1",      "all program",  "bank",        "patch",
-        "all multi",   "multi A/B",    "single multi", "arpeggiator",
-        "single arpeggiator", "global/MIDI", "global & MIDI", "non-Z1",
+        "all Z1",
+        "all program",
+        "bank",
+        "patch",
+        "all multi",
+        "multi A/B",
+        "single multi",
+        "arpeggiator",
+        "single arpeggiator",
+        "global/MIDI",
+        "global & MIDI",
+        "non-Z1",
     };
     if (type < 1 || type > static_cast<int>(kLabels.size()))
         return {};

@@ -38,8 +38,8 @@ const MessageShape* findMessageShape(std::size_t length);
 struct StringToMidiResult {
     // The length is one of the eight; any other length does nothing at all.
     bool handled = false;
-    // False when the header is bad; then nothing else below is set but the
-    // texts of the message box.
+    // False when the header is bad; then only the message box texts and
+    // clearStatusLine below are set.
     bool success = false;
     // The kind whose packed buffer takes the data: 1, 4, 5, 8, or the bank
     // (2/3) or multi bank (6/7) the caller named.

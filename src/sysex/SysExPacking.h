@@ -27,8 +27,9 @@ ByteImage MIDItoDATA(int kind, SysExImage& packed, LoadReport& report);
 
 // Packs the ByteImage of kind 1 to 8 (576, 73728, 208, 256, 3328 or 5120
 // bytes) into its packed data, without the closing F7 that the sender or
-// saver adds. An image shorter than its kind counts as filled up with zeros;
-// the image is left as it is. Any other kind gives an empty result.
+// saver adds. An image shorter than its kind counts as filled up with zeros,
+// a longer one is read as far as its kind goes; the image is left as it is.
+// Any other kind gives an empty result.
 SysExImage DATAtoMIDI(int kind, const ByteImage& image);
 
 // Packs bytes of any length: n bytes give n + ceil(n / 7).
