@@ -130,13 +130,33 @@ std::vector<std::int16_t> reverseSubsectionIndex(std::vector<SubSectionDef>& sub
     return index;
 }
 
-void fillBounds(const std::vector<ParamDef>& rows, std::vector<SectionDef>& sections,
-                std::vector<SubSectionDef>& subsections, const std::vector<std::int16_t>& reverse,
-                bool enterOnRise)
+// Where the section tables of the patch or the multiset come from.
+struct SectionSource {
+    std::span<const char* const> sectionStrings;
+    int sectionRows;
+    std::span<const SectionCopy> sectionCopies;
+    std::span<const char* const> subsectionStrings;
+    int subsectionRows;
+    std::span<const SectionCopy> subsectionCopies;
+    bool enterOnRise;
+};
+
+// The section and subsection tables: parsed, completed by their copies, the
+// parent section of each subsection and the reverse index, then the row
+// bounds of sections and of subsections.
+void setUpSections(const std::vector<ParamDef>& rows, const SectionSource& source, std::vector<SectionDef>& sections,
+                   std::vector<SubSectionDef>& subsections, std::vector<std::int16_t>& reverse)
 {
-    walkBounds(rows, sections, enterOnRise,
+    sections = parseSectionTable<SectionDef>(source.sectionStrings, source.sectionRows, parseSectionRow);
+    for (const auto& copy : source.sectionCopies)
+        copySectionRows(sections, copy);
+    subsections = parseSectionTable<SubSectionDef>(source.subsectionStrings, source.subsectionRows, parseSubSectionRow);
+    for (const auto& copy : source.subsectionCopies)
+        copySectionRows(subsections, copy);
+    reverse = reverseSubsectionIndex(subsections);
+    walkBounds(rows, sections, source.enterOnRise,
                [](const ParamDef& d) { return d.sect > 1 ? d.sect / 10 : -1; });
-    walkBounds(rows, subsections, enterOnRise, [&reverse](const ParamDef& d) {
+    walkBounds(rows, subsections, source.enterOnRise, [&reverse](const ParamDef& d) {
         if (d.subSect <= 1 || d.subSect >= static_cast<int>(reverse.size()))
             return -1;
         return static_cast<int>(reverse[d.subSect]);
@@ -191,15 +211,10 @@ void setUpPatch(ParamTables& t)
     for (const auto& copy : kPatchRowCopies)
         copyRows(t.patch, t.patch, copy);
 
-    t.patchSections = parseSectionTable<SectionDef>(patchSectionStrings(), kPatchSectionRows, parseSectionRow);
-    for (const auto& copy : kPatchSectionCopies)
-        copySectionRows(t.patchSections, copy);
-    t.patchSubsections =
-        parseSectionTable<SubSectionDef>(patchSubsectionStrings(), kPatchSubsectionRows, parseSubSectionRow);
-    for (const auto& copy : kPatchSubsectionCopies)
-        copySectionRows(t.patchSubsections, copy);
-    t.patchSubsectionIndex = reverseSubsectionIndex(t.patchSubsections);
-    fillBounds(t.patch, t.patchSections, t.patchSubsections, t.patchSubsectionIndex, true);
+    setUpSections(t.patch,
+                  {patchSectionStrings(), kPatchSectionRows, kPatchSectionCopies, patchSubsectionStrings(),
+                   kPatchSubsectionRows, kPatchSubsectionCopies, true},
+                  t.patchSections, t.patchSubsections, t.patchSubsectionIndex);
 
     t.patchDefaults = defaultsFrom(t.patch, patchDefaultPairs());
 }
@@ -213,15 +228,10 @@ void setUpMulti(ParamTables& t)
     for (const auto& copy : kMultiRowCopies)
         copyRows(t.patch, t.multi, copy);
 
-    t.multiSections = parseSectionTable<SectionDef>(multiSectionStrings(), kMultiSectionRows, parseSectionRow);
-    for (const auto& copy : kMultiSectionCopies)
-        copySectionRows(t.multiSections, copy);
-    t.multiSubsections =
-        parseSectionTable<SubSectionDef>(multiSubsectionStrings(), kMultiSubsectionRows, parseSubSectionRow);
-    for (const auto& copy : kMultiSubsectionCopies)
-        copySectionRows(t.multiSubsections, copy);
-    t.multiSubsectionIndex = reverseSubsectionIndex(t.multiSubsections);
-    fillBounds(t.multi, t.multiSections, t.multiSubsections, t.multiSubsectionIndex, false);
+    setUpSections(t.multi,
+                  {multiSectionStrings(), kMultiSectionRows, kMultiSectionCopies, multiSubsectionStrings(),
+                   kMultiSubsectionRows, kMultiSubsectionCopies, false},
+                  t.multiSections, t.multiSubsections, t.multiSubsectionIndex);
 
     // The multiset's effect defaults are those of the patch's FX1 rows, for
     // its FX2 rows too (patch row + 336, not the row copy's + 728).
