@@ -1,0 +1,52 @@
+#pragma once
+
+#include "editors/KindFlags.h"
+#include "model/DataTypes.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace quillon {
+
+// The bank data of the instrument in memory for the life of the program: the
+// two PatchBanks, the two MultiBanks and the ArpBank, as unpacked images.
+// Writing a member marks the bank changed at the first byte that differs.
+class BankStore {
+public:
+    explicit BankStore(KindFlags& flags);
+
+    // The whole image of bank Kind 2, 3, 6, 7 or 8.
+    ByteImage& image(int kind);
+    const ByteImage& image(int kind) const;
+
+    ByteImage readBankPatch(int bank, int position) const;
+    ByteImage readBankMulti(int bank, int position) const;
+    ByteImage readBankPattern(int position) const;
+
+    void writeBankPatch(int bank, int position, std::span<const std::uint8_t> member);
+    void writeBankMulti(int bank, int position, std::span<const std::uint8_t> member);
+    void writeBankPattern(int position, std::span<const std::uint8_t> member);
+
+    std::string bankPatchName(int bank, int position) const;
+    std::string bankMultiName(int bank, int position) const;
+    std::string bankPatternName(int position) const;
+    int bankPatchAttribute(int bank, int position, int key) const;
+
+    // The undo ring of bank reorderings: eleven slots, at most ten steps;
+    // head and tail both 1 when it is empty.
+    int undoHead = 1;
+    int undoTail = 1;
+    bool undoEmpty() const { return undoHead == undoTail; }
+    void clearUndo() { undoHead = undoTail = 1; }
+
+private:
+    void writeMember(int kind, int position, int memberBytes, std::span<const std::uint8_t> member);
+
+    KindFlags& flags_;
+    ByteImage patchBanks_[2];
+    ByteImage multiBanks_[2];
+    ByteImage arpBank_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,96 @@
+#include "files/AtomicFile.h"
+
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <system_error>
+
+namespace quillon {
+
+namespace {
+
+#ifdef _WIN32
+constexpr const char* kLineEnd = "\r\n";
+#else
+constexpr const char* kLineEnd = "\n";
+#endif
+
+std::filesystem::path temporaryBeside(const std::filesystem::path& path)
+{
+    std::random_device random;
+    std::string name = ".";
+    name += path.filename().string();
+    name += ".quillon-";
+    name += std::to_string(random());
+    name += ".tmp";
+    return path.parent_path() / name;
+}
+
+}  // namespace
+
+bool writeFileAtomically(const std::filesystem::path& path, std::span<const std::uint8_t> bytes)
+{
+    const std::filesystem::path temporary = temporaryBeside(path);
+    {
+        std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
+        if (!out)
+            return false;
+        out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+        out.close();
+        if (!out) {
+            std::error_code ignored;
+            std::filesystem::remove(temporary, ignored);
+            return false;
+        }
+    }
+    std::error_code error;
+    if (std::filesystem::exists(path, error)) {
+        // A write-protected file is made writable first, so that it can be
+        // replaced as the user asked.
+        std::filesystem::permissions(path, std::filesystem::perms::owner_write, std::filesystem::perm_options::add,
+                                     error);
+    }
+    std::filesystem::rename(temporary, path, error);
+    if (error) {
+        std::error_code ignored;
+        std::filesystem::remove(temporary, ignored);
+        return false;
+    }
+    return true;
+}
+
+bool writeLinesAtomically(const std::filesystem::path& path, const std::vector<std::string>& lines)
+{
+    std::string text;
+    for (const auto& line : lines) {
+        text += line;
+        text += kLineEnd;
+    }
+    return writeFileAtomically(path, std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()));
+}
+
+bool readWholeFile(const std::filesystem::path& path, std::vector<std::uint8_t>& bytes)
+{
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        return false;
+    bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    return !in.bad();
+}
+
+bool readLines(const std::filesystem::path& path, std::vector<std::string>& lines)
+{
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        return false;
+    lines.clear();
+    std::string line;
+    while (std::getline(in, line)) {
+        if (!line.empty() && line.back() == '\r')
+            line.pop_back();
+        lines.push_back(line);
+    }
+    return !in.bad();
+}
+
+}  // namespace quillon

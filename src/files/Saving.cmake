@@ -1,0 +1,4 @@
+target_sources(quillon_core PRIVATE
+  SuggestedNames.cpp
+  SysExSaving.cpp
+)

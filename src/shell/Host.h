@@ -1,0 +1,70 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace quillon {
+
+// Everything the core asks of the person at the screen: message boxes and
+// questions, file dialogs, the two status lines of the main form and the
+// hourglass. The program implements it with its dialogs; tests with a script.
+
+enum class MessageIcon { None, Information, Exclamation, Critical, Question };
+
+enum class MessageButtons { Ok, YesNo, YesNoCancel };
+
+enum class Answer { Ok, Yes, No, Cancel };
+
+struct MessageRequest {
+    std::string title;
+    std::string text;
+    MessageIcon icon = MessageIcon::None;
+    MessageButtons buttons = MessageButtons::Ok;
+    bool help = false;     // the box offers a Help button
+    int helpContext = 0;   // the help topic that button opens
+};
+
+struct FileDialogRequest {
+    std::string title;
+    std::string filter;       // "SysEx files (*.syx)|*.syx"
+    std::string startFolder;  // empty: the system's choice
+    std::string fileName;     // prefilled name or path
+};
+
+// Colours of lblStatus as the program has always numbered them, blue in the
+// high byte and red in the low: busy is orange, done green, error dark red.
+enum class StatusColour : int { Busy = 16576, Done = 32768, Error = 192 };
+
+class Host {
+public:
+    virtual ~Host() = default;
+
+    virtual Answer showMessage(const MessageRequest& request) = 0;
+
+    // The chosen path, or nothing when the user cancels. The open dialog
+    // accepts only a file that exists; the save dialog asks before it
+    // overwrites one.
+    virtual std::optional<std::string> chooseOpenFile(const FileDialogRequest& request) = 0;
+    virtual std::optional<std::string> chooseSaveFile(const FileDialogRequest& request) = 0;
+
+    // lblStatus, with its colour, and lblMessage.
+    virtual void setStatus(const std::string& text, StatusColour colour) = 0;
+    virtual void setMessage(const std::string& text) = 0;
+
+    // The hourglass pointer for a long operation, and the normal one after.
+    virtual void setBusy(bool busy) = 0;
+};
+
+// Shows the hourglass for as long as it lives, however the operation ends.
+class BusyPointer {
+public:
+    explicit BusyPointer(Host& host) : host_(host) { host_.setBusy(true); }
+    ~BusyPointer() { host_.setBusy(false); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+private:
+    Host& host_;
+};
+
+}  // namespace quillon

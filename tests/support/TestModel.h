@@ -1,0 +1,48 @@
+#pragma once
+
+#include "files/SettingsStore.h"
+#include "shell/AppModel.h"
+#include "support/ScriptedHost.h"
+
+#include <filesystem>
+#include <string>
+
+namespace quillon {
+
+// A fresh temporary folder for one test, removed with everything in it.
+class TempFolder {
+public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+
+private:
+    std::filesystem::path path_;
+};
+
+// The model as the program holds it, with a scripted host, a store in
+// memory and a data folder of its own.
+struct TestModel {
+    ScriptedHost host;
+    MemorySettingsStore store;
+    TempFolder folder;
+    AppModel model{host, store, folder.path()};
+};
+
+// Records the notifications of the model.
+class RecordingObserver : public AppObserver {
+public:
+    void modelChanged(unsigned changes) override
+    {
+        ++calls;
+        all |= changes;
+    }
+    int calls = 0;
+    unsigned all = 0;
+};
+
+}  // namespace quillon
