@@ -4,11 +4,11 @@
 #include "files/RecentFiles.h"
 #include "files/SysExFileLoading.h"
 #include "files/SysExFileRecognition.h"
+#include "files/UserFolders.h"
 #include "model/Kind.h"
 #include "shell/AppModel.h"
 #include "sysex/SysExClassifier.h"
 
-#include <cstdlib>
 #include <system_error>
 
 namespace quillon {
@@ -83,15 +83,6 @@ void enterRecent(AppModel& model, const std::string& path)
 }
 
 }  // namespace
-
-std::filesystem::path userMusicFolder()
-{
-    for (const char* variable : {"HOME", "USERPROFILE"}) {
-        if (const char* home = std::getenv(variable); home && *home)
-            return std::filesystem::path(home) / "Music";
-    }
-    return {};
-}
 
 void doOpenSysExFile(AppModel& model, int recentIndex, const OpenFileSurroundings& surroundings)
 {

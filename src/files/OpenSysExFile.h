@@ -20,9 +20,6 @@ struct OpenFileSurroundings {
     std::function<void(AppModel&, MiscDialogState&)> showMiscDialog;
 };
 
-// The user's Music folder: "Music" in the home folder.
-std::filesystem::path userMusicFolder();
-
 // mnuOpen, the toolbar's Open and the recent files of the File menu: index 0
 // asks for a file, 1 to 20 takes that recent file. The file's size says what
 // it holds, and its loader takes it into the editor, a bank, or frmMisc.

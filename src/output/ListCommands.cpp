@@ -1,6 +1,7 @@
 #include "output/ListCommands.h"
 
 #include "files/AtomicFile.h"
+#include "files/UserFolders.h"
 #include "model/BankImage.h"
 #include "model/Kind.h"
 #include "output/CheckResults.h"
@@ -9,7 +10,6 @@
 #include "output/TextLists.h"
 #include "shell/AppModel.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -79,21 +79,9 @@ bool loadedOrRefuse(AppModel& model, int kind, const std::string& title, const s
 
 }  // namespace
 
-std::string documentsFolder()
-{
-#ifdef _WIN32
-    const char* home = std::getenv("USERPROFILE");
-#else
-    const char* home = std::getenv("HOME");
-#endif
-    if (home == nullptr || *home == '\0')
-        return {};
-    return (std::filesystem::path(home) / "Documents").string();
-}
-
 std::string listStartFolder(const AppModel& model)
 {
-    return model.settings.listFolder.empty() ? documentsFolder() : model.settings.listFolder;
+    return model.settings.listFolder.empty() ? userDocumentsFolder().string() : model.settings.listFolder;
 }
 
 bool saveBankList(AppModel& model, int bank)

@@ -32,7 +32,4 @@ bool dumpArpParams(AppModel& model);
 // Documents folder until a list has been saved.
 std::string listStartFolder(const AppModel& model);
 
-// The user's Documents folder; empty when the system names no home.
-std::string documentsFolder();
-
 }  // namespace quillon

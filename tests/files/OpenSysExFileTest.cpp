@@ -1,4 +1,5 @@
 #include "files/OpenSysExFile.h"
+#include "files/UserFolders.h"
 
 #include "files/LoadingFiles.h"
 #include "files/RecentFiles.h"

@@ -1,4 +1,5 @@
 #include "output/ListCommands.h"
+#include "files/UserFolders.h"
 
 #include "files/AtomicFile.h"
 #include "model/Kind.h"
@@ -145,7 +146,7 @@ TEST(SaveListCommand, ListFolderDefaultsOnlyUntilTheFirstSave)
     EXPECT_TRUE(mnuSaveList(t.model));
     t.model.removeObserver(&observer);
     EXPECT_NE(observer.all & kSettingsChanged, 0u);
-    EXPECT_EQ(t.host.saveDialogs[0].startFolder, documentsFolder());
+    EXPECT_EQ(t.host.saveDialogs[0].startFolder, userDocumentsFolder().string());
     EXPECT_EQ(t.host.saveDialogs[0].fileName, "Bank A.txt");
     EXPECT_EQ(t.model.settings.listFolder, (t.folder / "chosen").string());
 
@@ -162,9 +163,9 @@ TEST(SaveListCommand, DocumentsFolderIsBelowTheHome)
     const char* home = std::getenv("HOME");
 #endif
     if (home == nullptr || *home == '\0')
-        EXPECT_EQ(documentsFolder(), "");
+        EXPECT_EQ(userDocumentsFolder().string(), "");
     else
-        EXPECT_EQ(documentsFolder(), (std::filesystem::path(home) / "Documents").string());
+        EXPECT_EQ(userDocumentsFolder().string(), (std::filesystem::path(home) / "Documents").string());
 }
 
 TEST(SaveListCommand, CancelWritesNothingAndKeepsTheFolder)

@@ -1,4 +1,0 @@
-target_sources(quillon_core PRIVATE
-  SuggestedNames.cpp
-  SysExSaving.cpp
-)
