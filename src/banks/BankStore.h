@@ -33,6 +33,13 @@ public:
     std::string bankPatternName(int position) const;
     int bankPatchAttribute(int bank, int position, int key) const;
 
+    // The entries last put into a bank or taken into an editor, the default
+    // entries of the Put dialog: combined positions (patch 0-255, multiset
+    // 0-31) and the pattern's position.
+    int lastPutPatch = 0;
+    int lastPutMulti = 0;
+    int lastPutPattern = 0;
+
     // The undo ring of bank reorderings: eleven slots, at most ten steps;
     // head and tail both 1 when it is empty.
     int undoHead = 1;

@@ -72,6 +72,8 @@ public:
     std::array<std::string, 9> itemPath;  // by Kind: the file each came from
     std::array<std::string, 9> itemName;  // by Kind 1, 4, 5: the name shown and used in prompts
     std::array<std::string, 9> suggestedPath;  // by Kind 1, 4, 5
+    // By Kind 1, 4, 5: the item was taken out of a bank and has no file yet.
+    std::array<bool, 9> takenFromBank{};
     std::string workFolder;
     std::array<std::string, kRecentFiles + 1> recentFiles;  // 1 newest; an empty entry ends the list
     std::array<std::string, kRecentMenuSlots + 1> recentMenu;  // captions of mnuFileArray(1..10); empty: hidden
