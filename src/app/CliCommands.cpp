@@ -1,31 +1,16 @@
 #include "app/CliCommands.h"
 
+#include "app/CliArguments.h"
 #include "app/JsonWriter.h"
 #include "model/Kind.h"
-#include "model/ParamImage.h"
 #include "model/ParamTables.h"
 #include "model/ValueDecoder.h"
-#include "sysex/SysExFraming.h"
-#include "sysex/SysExPacking.h"
 
-#include <charconv>
-#include <fstream>
-#include <iterator>
 #include <optional>
 
 namespace quillon {
 
 namespace {
-
-std::optional<int> parseInt(const std::string& text)
-{
-    int value = 0;
-    const auto* end = text.data() + text.size();
-    const auto [ptr, ec] = std::from_chars(text.data(), end, value);
-    if (ec != std::errc() || ptr != end)
-        return std::nullopt;
-    return value;
-}
 
 void writeRows(JsonWriter& json, const std::vector<ParamDef>& rows, const std::vector<std::int16_t>* firm,
                const std::vector<std::int16_t>* hard)
@@ -81,49 +66,6 @@ void writeSubsections(JsonWriter& json, const std::vector<SubSectionDef>& subsec
     json.endArray();
 }
 
-void writeValues(JsonWriter& json, const ParamValues& values)
-{
-    json.beginArray();
-    for (std::size_t p = 1; p < values.size(); ++p)
-        json.value(values[p]);
-    json.endArray();
-}
-
-bool readFile(const std::string& path, std::vector<std::uint8_t>& bytes)
-{
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        return false;
-    bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    return !in.bad();
-}
-
-// What a dump holds once unpacked: the kind of item, how many there are and
-// how each is read into parameter values.
-struct ItemShape {
-    int kind;
-    int members;
-    int memberBytes;
-    void (*read)(std::span<const std::uint8_t>, ParamValues&, LoadReport&);
-    const ParamValues& defaults;
-};
-
-std::optional<ItemShape> itemShapeOf(int target)
-{
-    const auto& t = paramTables();
-    switch (target) {
-    case kPatch: return ItemShape{kPatch, 1, kPatchBytes, imageToPatchParams, t.patchDefaults};
-    case kPatchBankA:
-    case kPatchBankB: return ItemShape{kPatch, kPatchesPerBank, kPatchBytes, imageToPatchParams, t.patchDefaults};
-    case kMultiset: return ItemShape{kMultiset, 1, kMultiBytes, imageToMultiParams, t.multiDefaults};
-    case kMultiBankA:
-    case kMultiBankB: return ItemShape{kMultiset, kMultisPerBank, kMultiBytes, imageToMultiParams, t.multiDefaults};
-    case kPattern: return ItemShape{kPattern, 1, kPatternBytes, imageToArpParams, t.arpDefaults};
-    case kArpBank: return ItemShape{kPattern, kPatternsPerBank, kPatternBytes, imageToArpParams, t.arpDefaults};
-    default: return std::nullopt;
-    }
-}
-
 }  // namespace
 
 int runTables(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
@@ -152,11 +94,11 @@ int runTables(const std::vector<std::string>& args, std::ostream& out, std::ostr
     json.key("defaults");
     json.beginObject();
     json.key("patch");
-    writeValues(json, t.patchDefaults);
+    writeParamValues(json, t.patchDefaults);
     json.key("multi");
-    writeValues(json, t.multiDefaults);
+    writeParamValues(json, t.multiDefaults);
     json.key("arp");
-    writeValues(json, t.arpDefaults);
+    writeParamValues(json, t.arpDefaults);
     json.endObject();
     json.endObject();
     out << '\n';
@@ -165,86 +107,19 @@ int runTables(const std::vector<std::string>& args, std::ostream& out, std::ostr
 
 int runDecode(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
 {
-    const auto table = args.size() == 3 ? parseInt(args[0]) : std::nullopt;
-    const auto from = args.size() == 3 ? parseInt(args[1]) : std::nullopt;
-    const auto to = args.size() == 3 ? parseInt(args[2]) : std::nullopt;
-    if (!table || !from || !to) {
+    const auto usage = [&err] {
         err << "usage: quillon-cli decode TABLE FROM TO\n";
         return kExitUsage;
-    }
-    for (int v = *from; v <= *to; ++v)
-        out << v << '\t' << decodeValue(*table, v) << '\n';
-    return kExitOk;
-}
-
-int runParams(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
-{
-    std::string path;
-    std::optional<int> member;
-    bool usageError = false;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        if (args[i] == "--json")
-            continue;
-        if (args[i] == "--member" && i + 1 < args.size()) {
-            member = parseInt(args[++i]);
-            usageError |= !member;
-        } else if (path.empty() && !args[i].starts_with("--")) {
-            path = args[i];
-        } else {
-            usageError = true;
-        }
-    }
-    if (usageError || path.empty()) {
-        err << "usage: quillon-cli params FILE [--member N] --json\n";
-        return kExitUsage;
-    }
-
-    std::vector<std::uint8_t> message;
-    if (!readFile(path, message)) {
-        err << "cannot read " << path << '\n';
-        return kExitUsage;
-    }
-    if (!findMessageShape(message.size()) || message.front() != 0xF0 || message.back() != 0xF7) {
-        err << path << ": not a single patch, multiset, pattern or bank dump (" << message.size() << " bytes)\n";
-        return kExitBadData;
-    }
-    StringToMidiResult stripped = STRINGtoMIDI(message, kPatchBankA, kMultiBankA);
-    if (!stripped.success) {
-        err << path << ": " << stripped.errorText << '\n';
-        return kExitBadData;
-    }
-    const auto shape = itemShapeOf(stripped.target);
-    if (!shape) {
-        err << path << ": no item to read in this dump\n";
-        return kExitBadData;
-    }
-    const int index = member.value_or(0);
-    if (index < 0 || index >= shape->members || (member && shape->members == 1)) {
-        err << "--member must be 0 to " << shape->members - 1 << " for this dump, and only for a bank\n";
-        return kExitUsage;
-    }
-
-    LoadReport report;
-    const ByteImage data = MIDItoDATA(stripped.target, stripped.packed, report);
-    const auto item = std::span(data).subspan(static_cast<std::size_t>(index) * shape->memberBytes,
-                                              shape->memberBytes);
-    ParamValues values = shape->defaults;
-    shape->read(item, values, report);
-
-    JsonWriter json(out);
-    json.beginObject();
-    json.field("kind", shape->kind);
-    json.field("name", std::string_view(reinterpret_cast<const char*>(item.data()), 16));
-    json.key("values");
-    writeValues(json, values);
-    json.field("changeCount", report.changeCount());
-    json.key("changeList");
-    json.beginArray();
-    for (const auto& text : report.changeList())
-        json.value(text);
-    json.endArray();
-    json.endObject();
-    out << '\n';
+    };
+    if (args.size() != 3)
+        return usage();
+    const auto table = parseInt(args[0]);
+    const auto from = parseInt(args[1]);
+    const auto to = parseInt(args[2]);
+    if (!table || !from || !to)
+        return usage();
+    for (long long v = *from; v <= *to; ++v)
+        out << v << '\t' << decodeValue(*table, static_cast<int>(v)) << '\n';
     return kExitOk;
 }
 

@@ -19,7 +19,17 @@ int runTables(const std::vector<std::string>& args, std::ostream& out, std::ostr
 // "value<TAB>text" for every value of a decode table from FROM to TO.
 int runDecode(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
-// The parameter values of the one item (or bank member) of a dump file.
+// The commands on .syx files, which find their data as the Open command does.
+// What each file holds: its size, the name of its size band, whether its
+// message was found, then its items.
+int runInfo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// The text list of a bank, multi bank, arpeggiator bank, multiset or pattern.
+int runList(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// The parameter dump of the patch, multiset or pattern (or bank member).
+int runDump(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// The parameter values of the item (or bank member) of a file, as JSON.
 int runParams(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// A file opened and saved again in the program's own plain form.
+int runConvert(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 }  // namespace quillon

@@ -81,4 +81,12 @@ void JsonWriter::writeString(std::string_view text)
     out_ << '"';
 }
 
+void writeParamValues(JsonWriter& json, const ParamValues& values)
+{
+    json.beginArray();
+    for (std::size_t p = 1; p < values.size(); ++p)
+        json.value(values[p]);
+    json.endArray();
+}
+
 }  // namespace quillon

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/DataTypes.h"
+
 #include <ostream>
 #include <string_view>
 
@@ -37,5 +39,8 @@ private:
     std::ostream& out_;
     bool needComma_ = false;
 };
+
+// The values of parameters 1 to n as one array.
+void writeParamValues(JsonWriter& json, const ParamValues& values);
 
 }  // namespace quillon

@@ -14,7 +14,13 @@ constexpr std::string_view kUsage =
     "usage: quillon-cli COMMAND [ARGS]\n"
     "  tables --json                  all parameter, section and subsection tables and defaults\n"
     "  decode TABLE FROM TO           the text of each value of a decode table\n"
-    "  params FILE [--member N] --json  the parameter values of the item in a dump file\n";
+    "  info FILE...                   size, kind and items of each .syx file\n"
+    "  list FILE                      the text list of a bank, multiset or pattern file\n"
+    "  dump FILE [--member N]         the parameter dump of a patch, multiset or pattern\n"
+    "  params FILE [--member N] --json  the parameter values of an item as JSON\n"
+    "  convert IN OUT                 IN saved again as a plain .syx file\n"
+    "--member N picks a member of a bank from 0; in a file of several kinds a patch\n"
+    "0-255 (bank A, then B) or a multiset 0-31.\n";
 
 }  // namespace
 
@@ -30,8 +36,16 @@ int main(int argc, char** argv)
         return quillon::runTables(args, std::cout, std::cerr);
     if (command == "decode")
         return quillon::runDecode(args, std::cout, std::cerr);
+    if (command == "info")
+        return quillon::runInfo(args, std::cout, std::cerr);
+    if (command == "list")
+        return quillon::runList(args, std::cout, std::cerr);
+    if (command == "dump")
+        return quillon::runDump(args, std::cout, std::cerr);
     if (command == "params")
         return quillon::runParams(args, std::cout, std::cerr);
+    if (command == "convert")
+        return quillon::runConvert(args, std::cout, std::cerr);
     std::cerr << kUsage;
     return quillon::kExitUsage;
 }

@@ -127,24 +127,34 @@ TEST(CliParams, MemberOutsideTheBankIsBadUsage)
     EXPECT_EQ(run(runParams, {file.path(), "--member", "19", "--json"}).exitCode, kExitOk);
 }
 
-TEST(CliParams, FileWithBytesAroundTheMessageIsDataItCannotUse)
+TEST(CliParams, FileWithStrayBytesAroundTheMessageLoadsAsTheOpenCommandDoes)
 {
-    std::vector<std::uint8_t> bytes = currentMultiDump(1, DATAtoMIDI(kMultiset, ByteImage(kMultiBytes, 32)));
+    std::vector<std::uint8_t> bytes{0x00, 0x01};
+    const auto message = currentMultiDump(1, DATAtoMIDI(kMultiset, ByteImage(kMultiBytes, 'M')));
+    bytes.insert(bytes.end(), message.begin(), message.end());
     bytes.push_back(0x00);
     const TempFile file(bytes);
     const CliRun r = run(runParams, {file.path(), "--json"});
-    EXPECT_EQ(r.exitCode, kExitBadData);
-    EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1);
+    ASSERT_EQ(r.exitCode, kExitOk) << r.err;
+    EXPECT_EQ(r.out.rfind(R"({"kind":4,"name":"MMMMMMMMMMMMMMMM",)", 0), 0u);
 }
 
-TEST(CliParams, BadHeaderIsDataItCannotUse)
+TEST(CliParams, BadHeaderIsDataItCannotUseWithTheLoadersReason)
 {
     std::vector<std::uint8_t> bytes = currentPatchDump(1, DATAtoMIDI(kPatch, ByteImage(kPatchBytes, 32)));
     bytes[1] = 0x41;  // not Korg
     const TempFile file(bytes);
     const CliRun r = run(runParams, {file.path(), "--json"});
     EXPECT_EQ(r.exitCode, kExitBadData);
-    EXPECT_NE(r.err.find("Problem with SysEx header"), std::string::npos);
+    EXPECT_EQ(r.err, file.path() + ": Load Patch: Problem loading patch file\n");
+}
+
+TEST(CliParams, FileOfNoZ1SizeIsDataItCannotUse)
+{
+    const TempFile file(std::vector<std::uint8_t>(299, 0xF0));
+    const CliRun r = run(runParams, {file.path(), "--json"});
+    EXPECT_EQ(r.exitCode, kExitBadData);
+    EXPECT_NE(r.err.find("File may be non-Z1 (size 299)"), std::string::npos);
 }
 
 TEST(CliParams, UnreadableFileIsExit2)

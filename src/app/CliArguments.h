@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillon {
+
+// A whole decimal number, or nothing.
+std::optional<int> parseInt(const std::string& text);
+
+// The arguments of the commands that read files: the paths, "--member N"
+// and "--json". False when anything else is given or N is no number.
+struct FileArguments {
+    std::vector<std::string> paths;
+    std::optional<int> member;
+    bool json = false;
+};
+bool parseFileArguments(const std::vector<std::string>& args, FileArguments& parsed);
+
+}  // namespace quillon

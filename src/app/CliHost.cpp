@@ -1,0 +1,29 @@
+#include "app/CliHost.h"
+
+namespace quillon {
+
+std::string CliHost::firstProblem() const
+{
+    for (const auto& m : messages) {
+        if (m.buttons == MessageButtons::Ok)
+            return m.title.empty() ? m.text : m.title + ": " + m.text;
+    }
+    return {};
+}
+
+Answer CliHost::showMessage(const MessageRequest& request)
+{
+    messages.push_back(request);
+    switch (request.buttons) {
+    case MessageButtons::Ok: return Answer::Ok;
+    case MessageButtons::YesNo: return Answer::Yes;          // "Do you still want to save?"
+    case MessageButtons::YesNoCancel: return Answer::No;     // no edits of ours to save first
+    }
+    return Answer::Ok;
+}
+
+std::optional<std::string> CliHost::chooseOpenFile(const FileDialogRequest&) { return openPath; }
+
+std::optional<std::string> CliHost::chooseSaveFile(const FileDialogRequest&) { return savePath; }
+
+}  // namespace quillon
