@@ -16,12 +16,24 @@ namespace {
 constexpr int kSchemeWithChanges = 10;
 constexpr int kSchemeWithout = 9;
 
-const char* checkFileName(int kind)
+// The file of each Kind's check results and what a failure to write it says.
+struct CheckFile {
+    const char* name;
+    const char* failure;
+};
+
+const CheckFile* checkFile(int kind)
 {
+    static constexpr CheckFile kPatchFile{"QuillonChkPch.txt",
+                                          "Please check QuillonChkPch.txt in Param folder is write enabled"};
+    static constexpr CheckFile kMultiFile{"QuillonChkMlt.txt",
+                                          "Please check QuillonChkMlt.txt in Param folder is write enabled"};
+    static constexpr CheckFile kPatternFile{"QuillonChkArp.txt",
+                                            "Please check QuillonChkArp.txt in Param folder is write enabled"};
     switch (kind) {
-    case kPatch: return "QuillonChkPch.txt";
-    case kMultiset: return "QuillonChkMlt.txt";
-    case kPattern: return "QuillonChkArp.txt";
+    case kPatch: return &kPatchFile;
+    case kMultiset: return &kMultiFile;
+    case kPattern: return &kPatternFile;
     default: return nullptr;
     }
 }
@@ -49,8 +61,8 @@ std::filesystem::path paramFolder(const AppModel& model)
 
 void saveCheckResults(AppModel& model, int kind)
 {
-    const char* fileName = checkFileName(kind);
-    if (fileName == nullptr || model.report.changeCount() <= 0)
+    const CheckFile* file = checkFile(kind);
+    if (file == nullptr || model.report.changeCount() <= 0)
         return;
 
     std::vector<std::string> lines;
@@ -62,10 +74,10 @@ void saveCheckResults(AppModel& model, int kind)
     const std::filesystem::path folder = paramFolder(model);
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    if (!writeLinesAtomically(folder / fileName, lines)) {
+    if (!writeLinesAtomically(folder / file->name, lines)) {
         MessageRequest request;
         request.title = "Problem saving check results";
-        request.text = std::string("Please check ") + fileName + " in Param folder is write enabled";
+        request.text = file->failure;
         request.icon = MessageIcon::Exclamation;
         model.host().showMessage(request);
     }

@@ -19,11 +19,20 @@ const char* itemWord(int kind)
     return kind == kMultiset ? "multiset" : "patch";
 }
 
-const char* compareFileName(int kind)
+// The file of each Kind's comparison and the start of what a failure to
+// write it says.
+struct CompareFile {
+    const char* name;
+    const char* failure;
+};
+
+const CompareFile* compareFile(int kind)
 {
+    static constexpr CompareFile kPatchFile{"QuillonCmpPch.txt", "Please check that QuillonCmpPch.txt"};
+    static constexpr CompareFile kMultiFile{"QuillonCmpMlt.txt", "Please check that QuillonCmpMlt.txt"};
     switch (kind) {
-    case kPatch: return "QuillonCmpPch.txt";
-    case kMultiset: return "QuillonCmpMlt.txt";
+    case kPatch: return &kPatchFile;
+    case kMultiset: return &kMultiFile;
     default: return nullptr;
     }
 }
@@ -73,8 +82,8 @@ InspectionView compareView(const AppModel& model, int kind)
 
 bool saveCompareResults(AppModel& model, int kind)
 {
-    const char* fileName = compareFileName(kind);
-    if (fileName == nullptr)
+    const CompareFile* file = compareFile(kind);
+    if (file == nullptr)
         return false;
 
     std::vector<std::string> lines;
@@ -86,12 +95,12 @@ bool saveCompareResults(AppModel& model, int kind)
     const std::filesystem::path folder = paramFolder(model);
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    if (writeLinesAtomically(folder / fileName, lines))
+    if (writeLinesAtomically(folder / file->name, lines))
         return true;
 
     MessageRequest request;
     request.title = "Problem Saving Compare Data";
-    request.text = std::string("Please check that ") + fileName + " in Param folder is write enabled";
+    request.text = std::string(file->failure) + " in Param folder is write enabled";
     request.icon = MessageIcon::Exclamation;
     model.host().showMessage(request);
     return false;
