@@ -1,48 +1,32 @@
 #include "app/CliCommands.h"
 
+#include "app/CliRun.h"
+#include "files/AtomicFile.h"
 #include "model/Kind.h"
 #include "model/ParamImage.h"
 #include "model/ParamTables.h"
+#include "support/TestModel.h"
 #include "sysex/MessageCatalogue.h"
 #include "sysex/SysExPacking.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 namespace quillon {
 namespace {
 
-struct CliRun {
-    int exitCode;
-    std::string out;
-    std::string err;
-};
-
-CliRun run(int (*command)(const std::vector<std::string>&, std::ostream&, std::ostream&),
-           std::vector<std::string> args)
-{
-    std::ostringstream out;
-    std::ostringstream err;
-    const int code = command(args, out, err);
-    return {code, out.str(), err.str()};
-}
-
+// A file of the given bytes in a folder of its own.
 class TempFile {
 public:
-    explicit TempFile(const std::vector<std::uint8_t>& bytes)
-        : path_(std::filesystem::temp_directory_path() /
-                ("quillon-cli-test-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)) + ".syx"))
+    explicit TempFile(const std::vector<std::uint8_t>& bytes) : path_(folder_ / "dump.syx")
     {
-        std::ofstream(path_, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()),
-                                                     static_cast<std::streamsize>(bytes.size()));
+        EXPECT_TRUE(writeFileAtomically(path_, bytes));
     }
-    ~TempFile() { std::filesystem::remove(path_); }
     std::string path() const { return path_.string(); }
 
 private:
+    TempFolder folder_;
     std::filesystem::path path_;
 };
 

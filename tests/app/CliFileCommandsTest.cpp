@@ -1,5 +1,6 @@
 #include "app/CliCommands.h"
 
+#include "app/CliRun.h"
 #include "files/AtomicFile.h"
 #include "model/Kind.h"
 #include "model/ParamImage.h"
@@ -10,25 +11,9 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 
 namespace quillon {
 namespace {
-
-struct CliRun {
-    int exitCode;
-    std::string out;
-    std::string err;
-};
-
-CliRun run(int (*command)(const std::vector<std::string>&, std::ostream&, std::ostream&),
-           std::vector<std::string> args)
-{
-    std::ostringstream out;
-    std::ostringstream err;
-    const int code = command(args, out, err);
-    return {code, out.str(), err.str()};
-}
 
 ByteImage patchNamed(const std::string& name)
 {
