@@ -116,10 +116,10 @@ void newItem(AppModel& model)
     const int kind = model.mode;
     if (!EditBuffers::hasBuffers(kind))
         return;
+    AppModel::Batch batch(model);
     model.saveCancelled = false;
     if (!doPreLoad(model, kind))
         return;
-    AppModel::Batch batch(model);
     model.buffers.updateCurrentDefaults(kind);
     newItemReady(model, kind, false);
     model.buffers.updateLoaded(kind);

@@ -193,3 +193,55 @@ TEST(ColourSchemes, SchemesSixAndTwelveAreTheSamePairAndOutsideSchemesLeaveTheLa
 
 }  // namespace
 }  // namespace quillon
+
+namespace quillon {
+namespace {
+
+TEST(NewItem, InABankModeNothingHappens)
+{
+    TestModel t;
+    t.model.mode = kPatchBankA;
+    RecordingObserver observer;
+    t.model.addObserver(&observer);
+    newItem(t.model);
+    EXPECT_FALSE(t.model.flags.loaded[kPatchBankA]);
+    EXPECT_EQ(observer.calls, 0);
+}
+
+TEST(NewItem, ChangedPatchIsAskedAboutThenReplacedByTheDefaults)
+{
+    TestModel t;
+    t.model.flags.loaded[kPatch] = true;
+    t.model.flags.clean[kPatch] = true;
+    t.model.itemName[kPatch] = "Old Lead";
+    t.model.buffers.of(kPatch).current[40] = 21;
+    t.host.expectMessage("New Patch", Answer::No, "Save Old Lead first?");
+    RecordingObserver observer;
+    t.model.addObserver(&observer);
+    newItem(t.model);
+    const ItemBuffers& b = t.model.buffers.of(kPatch);
+    EXPECT_EQ(b.current, b.defaults);
+    EXPECT_EQ(b.loaded, b.defaults);
+    EXPECT_EQ(b.last, b.defaults);
+    EXPECT_EQ(b.prevLoaded[40], 21);
+    EXPECT_FALSE(t.model.flags.changed[kPatch]);
+    EXPECT_EQ(t.model.itemName[kPatch], "Init Patch");
+    EXPECT_EQ(observer.calls, 1);
+}
+
+TEST(NewItem, CancelAtThePromptKeepsTheMultiset)
+{
+    TestModel t;
+    t.model.mode = kMultiset;
+    t.model.flags.loaded[kMultiset] = true;
+    t.model.flags.changed[kMultiset] = true;
+    t.model.itemName[kMultiset] = "Stack";
+    t.model.buffers.of(kMultiset).current[30] = 5;
+    t.host.expectMessage("New Multiset", Answer::Cancel, "Save Stack first?");
+    newItem(t.model);
+    EXPECT_EQ(t.model.buffers.of(kMultiset).current[30], 5);
+    EXPECT_TRUE(t.model.flags.changed[kMultiset]);
+}
+
+}  // namespace
+}  // namespace quillon
