@@ -1,0 +1,43 @@
+// Quillon: the program with its window.
+
+#include "files/DataFolder.h"
+#include "shell/AppModel.h"
+#include "shell/StartUp.h"
+#include "shell/screens/QtHost.h"
+#include "shell/screens/QtSettingsStore.h"
+#include "shell/screens/frmMain.h"
+#include "shell/screens/frmSplash.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    // No organisation name: the data folder is then ~/.local/share/Quillon
+    // (and its like on other platforms); the settings store names
+    // "Quillon" itself.
+    QApplication::setApplicationName("Quillon");
+    QApplication::setApplicationVersion(quillon::frmSplash::versionText().mid(8));
+
+    quillon::frmSplash splash;
+    splash.show();
+    QApplication::processEvents();
+
+    quillon::QtHost host;
+    quillon::QtSettingsStore store;
+    const auto platformFolder =
+        QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString();
+    quillon::AppModel model(host, store, quillon::chooseDataFolder(platformFolder));
+    quillon::readRememberedLists(model);
+
+    quillon::frmMain main(model, host);
+    quillon::StartUpSurroundings surroundings;
+    surroundings.musicFolder = QStandardPaths::writableLocation(QStandardPaths::MusicLocation).toStdString();
+    if (!quillon::doFormLoadMain(model, surroundings))
+        return 1;
+    main.show();
+    splash.raise();
+    splash.closeAfterTwoSeconds();
+    return QApplication::exec();
+}

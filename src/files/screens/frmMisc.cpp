@@ -1,0 +1,99 @@
+#include "files/screens/frmMisc.h"
+
+#include "files/SysExSaving.h"
+#include "shell/AppModel.h"
+#include "shell/screens/FormLaunchers.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace quillon {
+
+namespace {
+
+// The dump's mode when it came from the instrument and can be saved.
+constexpr int kMiscModeSave = 1;
+
+QString textOf(const std::string& text) { return QString::fromStdString(text); }
+
+}  // namespace
+
+frmMisc::frmMisc(AppModel& model, MiscDialogState& state, QWidget* parent)
+    : QDialog(parent), model_(model), state_(state)
+{
+    setObjectName("frmMisc");
+    setWindowTitle(textOf(state_.caption));
+
+    auto* outer = new QVBoxLayout(this);
+
+    fraExtract_ = new QGroupBox(textOf(state_.extractFrameCaption), this);
+    fraExtract_->setObjectName("fraExtract");
+    auto* frame = new QVBoxLayout(fraExtract_);
+    for (int i = 0; i < kMiscTypeBoxes; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        auto* box = new QCheckBox(textOf(state_.typeCaption[at]), fraExtract_);
+        box->setObjectName(QString("chkType_%1").arg(i));
+        box->setChecked(state_.typeTicked[at]);
+        box->setVisible(state_.typeVisible[at]);
+        connect(box, &QCheckBox::toggled, this, [this, at](bool ticked) { state_.typeTicked[at] = ticked; });
+        chkType_[at] = box;
+        frame->addWidget(box);
+    }
+    auto* cmdLoad = new QPushButton(textOf(state_.loadCaption), fraExtract_);
+    cmdLoad->setObjectName("cmdLoad");
+    cmdLoad->setAutoDefault(false);
+    frame->addWidget(cmdLoad);
+    fraExtract_->setVisible(state_.extractFrameVisible);
+    outer->addWidget(fraExtract_);
+
+    auto* buttons = new QHBoxLayout;
+    cmdSaveSend_ = new QPushButton(textOf(state_.saveSendCaption), this);
+    cmdSaveSend_->setObjectName("cmdSaveSend");
+    cmdSaveSend_->setAutoDefault(false);
+    if (model_.misc.mode != kMiscModeSave) {
+        // Sending goes through the MIDI output, which this window cannot
+        // reach yet.
+        cmdSaveSend_->setEnabled(false);
+        cmdSaveSend_->setToolTip("Sending to the Z1 needs a MIDI connection");
+    }
+    auto* cmdDone = new QPushButton(textOf(state_.doneCaption), this);
+    cmdDone->setObjectName("cmdDone");
+    cmdDone->setAutoDefault(false);
+    auto* cmdHelp = new QPushButton(textOf(state_.helpCaption), this);
+    cmdHelp->setObjectName("cmdHelp");
+    cmdHelp->setAutoDefault(false);
+    buttons->addWidget(cmdSaveSend_);
+    buttons->addStretch(1);
+    buttons->addWidget(cmdDone);
+    buttons->addWidget(cmdHelp);
+    outer->addLayout(buttons);
+    outer->setSizeConstraint(QLayout::SetFixedSize);
+
+    connect(cmdLoad, &QPushButton::clicked, this, [this] { cmdLoadClick(); });
+    connect(cmdSaveSend_, &QPushButton::clicked, this, [this] { cmdSaveSendClick(); });
+    connect(cmdDone, &QPushButton::clicked, this, &QDialog::reject);
+    const int helpContext = state_.helpContext;
+    connect(cmdHelp, &QPushButton::clicked, this, [helpContext] { doHelpShowThis(helpContext); });
+}
+
+void frmMisc::cmdLoadClick() { misc::doProcessLoad(model_, state_); }
+
+void frmMisc::cmdSaveSendClick()
+{
+    if (model_.misc.mode != kMiscModeSave)
+        return;
+    hide();
+    miscSave(model_);
+    accept();
+}
+
+void showMiscDialog(AppModel& model, MiscDialogState& state, QWidget* parent)
+{
+    frmMisc dialog(model, state, parent);
+    dialog.exec();
+}
+
+}  // namespace quillon

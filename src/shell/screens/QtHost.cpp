@@ -1,0 +1,122 @@
+#include "shell/screens/QtHost.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace quillon {
+
+namespace {
+
+QMessageBox::Icon iconOf(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::Information: return QMessageBox::Information;
+    case MessageIcon::Exclamation: return QMessageBox::Warning;
+    case MessageIcon::Critical: return QMessageBox::Critical;
+    case MessageIcon::Question: return QMessageBox::Question;
+    case MessageIcon::None: break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+// The program's colours of lblStatus keep red in the low byte.
+QString colourName(StatusColour colour)
+{
+    const int value = static_cast<int>(colour);
+    return QColor(value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF).name();
+}
+
+QString startFolderOf(const FileDialogRequest& request)
+{
+    return QString::fromStdString(request.fileName.empty() ? request.startFolder : request.fileName);
+}
+
+}  // namespace
+
+std::string toolkitFilter(const std::string& filter)
+{
+    const auto bar = filter.find('|');
+    return bar == std::string::npos ? filter : filter.substr(0, bar);
+}
+
+void QtHost::setStatusLines(QLabel* status, QLabel* message)
+{
+    status_ = status;
+    message_ = message;
+}
+
+Answer QtHost::showMessage(const MessageRequest& request)
+{
+    QMessageBox box(iconOf(request.icon), QString::fromStdString(request.title), QString::fromStdString(request.text),
+                    QMessageBox::NoButton, parent_);
+    switch (request.buttons) {
+    case MessageButtons::Ok: box.setStandardButtons(QMessageBox::Ok); break;
+    case MessageButtons::YesNo: box.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+    case MessageButtons::YesNoCancel:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        break;
+    }
+    QPushButton* help = nullptr;
+    if (request.help) {
+        help = box.addButton(QMessageBox::Help);
+        // The box stays open while the help is read.
+        help->disconnect();
+        QObject::connect(help, &QPushButton::clicked, [this, context = request.helpContext] {
+            if (showHelp_)
+                showHelp_(context);
+        });
+    }
+    switch (box.exec()) {
+    case QMessageBox::Yes: return Answer::Yes;
+    case QMessageBox::No: return Answer::No;
+    case QMessageBox::Cancel: return Answer::Cancel;
+    default: return request.buttons == MessageButtons::YesNoCancel ? Answer::Cancel : Answer::Ok;
+    }
+}
+
+std::optional<std::string> QtHost::chooseOpenFile(const FileDialogRequest& request)
+{
+    const QString path =
+        QFileDialog::getOpenFileName(parent_, QString::fromStdString(request.title), startFolderOf(request),
+                                     QString::fromStdString(toolkitFilter(request.filter)));
+    if (path.isEmpty())
+        return std::nullopt;
+    return QDir::toNativeSeparators(path).toStdString();
+}
+
+std::optional<std::string> QtHost::chooseSaveFile(const FileDialogRequest& request)
+{
+    const QString path =
+        QFileDialog::getSaveFileName(parent_, QString::fromStdString(request.title), startFolderOf(request),
+                                     QString::fromStdString(toolkitFilter(request.filter)));
+    if (path.isEmpty())
+        return std::nullopt;
+    return QDir::toNativeSeparators(path).toStdString();
+}
+
+void QtHost::setStatus(const std::string& text, StatusColour colour)
+{
+    if (status_ == nullptr)
+        return;
+    status_->setText(QString::fromStdString(text));
+    status_->setStyleSheet("color: " + colourName(colour) + ";");
+}
+
+void QtHost::setMessage(const std::string& text)
+{
+    if (message_ != nullptr)
+        message_->setText(QString::fromStdString(text));
+}
+
+void QtHost::setBusy(bool busy)
+{
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+}  // namespace quillon

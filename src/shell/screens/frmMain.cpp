@@ -1,0 +1,304 @@
+#include "shell/screens/frmMain.h"
+
+#include "editors/ColourSchemes.h"
+#include "editors/ItemStatus.h"
+#include "files/OpenSysExFile.h"
+#include "files/SysExSaving.h"
+#include "files/UserFiles.h"
+#include "model/Kind.h"
+#include "output/CheckResults.h"
+#include "output/CompareLast.h"
+#include "output/ListCommands.h"
+#include "shell/AppModel.h"
+#include "shell/StartUp.h"
+#include "shell/screens/FormLaunchers.h"
+#include "shell/screens/MenuLayout.h"
+#include "shell/screens/ModelSignals.h"
+#include "shell/screens/QtHost.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPalette>
+#include <QShortcut>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace quillon {
+
+namespace {
+
+constexpr int kRecentSlots = 10;
+
+// The labels of fraLoaded, in their order on the screen.
+struct LabelPlace {
+    int kind;
+    const char* name;
+};
+constexpr LabelPlace kLabelPlaces[] = {
+    {kPatch, "lblLoaded_1"},      {kPatchBankA, "lblLoaded_2"},   {kPatchBankB, "lblLoaded_3"},
+    {kMultiset, "lblLoaded_4"},   {kPattern, "lblLoaded_5"},      {kMultiBankA, "lblMultiBankA"},
+    {kMultiBankB, "lblMultiBankB"}, {kArpBank, "lblArpBank"},
+};
+
+QColor systemColour(SystemColour which, const QPalette& palette)
+{
+    switch (which) {
+    case SystemColour::ButtonFace: return palette.color(QPalette::Button);
+    case SystemColour::ButtonText: return palette.color(QPalette::ButtonText);
+    case SystemColour::Highlight: return palette.color(QPalette::Highlight);
+    case SystemColour::HighlightText: return palette.color(QPalette::HighlightedText);
+    case SystemColour::None: break;
+    }
+    return {};
+}
+
+QString styleOf(int scheme, bool highlighted, const QPalette& palette)
+{
+    QString style = highlighted ? "font-weight: bold; border: 1px solid black;" : "border: 1px solid transparent;";
+    if (const ColourScheme* colours = colourScheme(scheme)) {
+        const QColor background = colours->backgroundSystem != SystemColour::None
+                                      ? systemColour(colours->backgroundSystem, palette)
+                                      : QColor(QRgb(colours->background));
+        const QColor text = colours->textSystem != SystemColour::None ? systemColour(colours->textSystem, palette)
+                                                                      : QColor(QRgb(colours->text));
+        style += QString(" background-color: %1; color: %2;").arg(background.name(), text.name());
+    }
+    return style + " padding: 2px 6px;";
+}
+
+}  // namespace
+
+frmMain::frmMain(AppModel& model, QtHost& host, QWidget* parent) : QMainWindow(parent), model_(model), host_(host)
+{
+    setObjectName("frmMain");
+    setWindowTitle("Quillon");
+    buildMenus();
+    buildToolbar();
+    buildCentre();
+    host_.setParent(this);
+    host_.setStatusLines(status_, message_);
+    host_.setHelp([](int context) { doHelpShowThis(context); });
+    wireCommands();
+    signals_ = new ModelSignals(model_, this);
+    connect(signals_, &ModelSignals::changed, this, &frmMain::refresh);
+    refresh(~0u);
+    resize(900, 620);
+}
+
+frmMain::~frmMain() = default;
+
+QAction* frmMain::action(const QString& name) const { return findChild<QAction*>(name); }
+
+void frmMain::buildMenus()
+{
+    for (const MenuLayout& layout : mainMenuLayout()) {
+        QMenu* menu = menuBar()->addMenu(QString::fromUtf8(layout.caption.data(), layout.caption.size()));
+        menu->setObjectName(QString::fromUtf8(layout.name.data(), layout.name.size()));
+        for (const MenuItemLayout& item : layout.items) {
+            if (item.name.empty()) {
+                menu->addSeparator();
+                continue;
+            }
+            if (item.name == kRecentFilesMarker) {
+                QAction* separator = menu->addSeparator();
+                separator->setObjectName("mnuFileArray_0");
+                for (int slot = 1; slot <= kRecentSlots; ++slot) {
+                    QAction* recent = menu->addAction(QString());
+                    recent->setObjectName(QString("mnuFileArray_%1").arg(slot));
+                    connect(recent, &QAction::triggered, this, [this, slot] { openFile(slot); });
+                }
+                continue;
+            }
+            QAction* action = menu->addAction(QString::fromUtf8(item.caption.data(), item.caption.size()));
+            action->setObjectName(QString::fromUtf8(item.name.data(), item.name.size()));
+            // Enabled only once the command behind it exists.
+            action->setEnabled(false);
+        }
+    }
+}
+
+void frmMain::buildToolbar()
+{
+    toolbar_ = addToolBar("tlbMain");
+    toolbar_->setObjectName("tlbMain");
+    toolbar_->setMovable(false);
+    for (const ToolKeyLayout& key : toolbarLayout()) {
+        const QString name = QString::fromUtf8(key.key.data(), key.key.size());
+        QAction* action = toolbar_->addAction(name);
+        action->setObjectName("tlbMain_" + name);
+        action->setToolTip(QString::fromUtf8(key.tooltip.data(), key.tooltip.size()));
+        action->setEnabled(false);
+    }
+}
+
+void frmMain::buildCentre()
+{
+    auto* centre = new QWidget(this);
+    auto* column = new QVBoxLayout(centre);
+
+    auto* loaded = new QFrame(centre);
+    loaded->setObjectName("fraLoaded");
+    auto* row = new QHBoxLayout(loaded);
+    row->setContentsMargins(4, 4, 4, 4);
+    for (const LabelPlace& place : kLabelPlaces) {
+        auto* label = new QLabel(loaded);
+        label->setObjectName(place.name);
+        label->setAlignment(Qt::AlignCenter);
+        label->installEventFilter(this);
+        row->addWidget(label);
+        loadedLabels_[place.kind] = label;
+    }
+    column->addWidget(loaded);
+
+    // The editing screens of the patch, banks, multisets and patterns stand
+    // here.
+    auto* screens = new QFrame(centre);
+    screens->setObjectName("fraScreens");
+    screens->setFrameShape(QFrame::StyledPanel);
+    auto* hint = new QLabel("Open a .syx file with File > Open, or click a name above to choose what to work on.",
+                            screens);
+    hint->setObjectName("lblScreensHint");
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setEnabled(false);
+    (new QVBoxLayout(screens))->addWidget(hint);
+    column->addWidget(screens, 1);
+
+    status_ = new QLabel(centre);
+    status_->setObjectName("lblStatus");
+    message_ = new QLabel(centre);
+    message_->setObjectName("lblMessage");
+    auto* lines = new QHBoxLayout;
+    lines->addWidget(status_, 1);
+    lines->addWidget(message_, 1);
+    column->addLayout(lines);
+    setCentralWidget(centre);
+}
+
+void frmMain::setCommand(const QString& name, std::function<void()> command)
+{
+    QAction* target = action(name);
+    if (target == nullptr)
+        return;
+    target->setEnabled(true);
+    connect(target, &QAction::triggered, this, [command = std::move(command)] { command(); });
+}
+
+void frmMain::wireCommands()
+{
+    AppModel& m = model_;
+    setCommand("mnuNew", [&m] { newItem(m); });
+    setCommand("mnuOpen", [this] { openFile(0); });
+    setCommand("tlbMain_open", [this] { openFile(0); });
+    setCommand("mnuSave", [&m] { saveCommand(m, 1); });
+    setCommand("mnuSaveAs", [&m] { saveCommand(m, 2); });
+    setCommand("tlbMain_save", [&m] { saveCommand(m, 2); });
+    setCommand("mnuSaveList", [&m] { mnuSaveList(m); });
+    setCommand("mnuExit", [this] { close(); });
+    setCommand("mnuDumpParamList", [&m] { mnuDumpParamList(m); });
+    setCommand("mnuCheckLoad", [this] {
+        if (mnuCheckLoad(model_))
+            showCheckForm(model_, this);
+    });
+    setCommand("mnuCompareLast", [this] {
+        if (mnuCompareLast(model_))
+            showCompareForm(model_, this);
+    });
+    setCommand("mnuCreateUserPatchFile", [&m] { mnuCreateUserPatchFile(m); });
+    setCommand("mnuResetUserPatchFile", [&m] { mnuResetUserPatchFile(m); });
+    setCommand("mnuCreateUserMultiFile", [&m] { mnuCreateUserMultiFile(m); });
+    setCommand("mnuResetUserMultiFile", [&m] { mnuResetUserMultiFile(m); });
+    for (int tab = 1; tab <= 7; ++tab)
+        setCommand(QString("mnuSettingsArray_%1").arg(tab), [this, tab] { showSettingsDialog(model_, tab, this); });
+    setCommand("mnuParameters", [this] { showParamBrowser(this); });
+    setCommand("mnuSectionsPatch", [this] { showSectionList(1, this); });
+    setCommand("mnuSectionsMulti", [this] { showSectionList(2, this); });
+    setCommand("mnuSubSectionsPatch", [this] { showSubSectionList(1, this); });
+    setCommand("mnuSubSectionsMulti", [this] { showSubSectionList(2, this); });
+    setCommand("mnuHelpContents", [] { doHelpShowThis(1); });
+    setCommand("mnuHelpIndex", [] { doHelpShowThis(2); });
+    setCommand("mnuHelpFAQ", [&m] { openFaqPage(m); });
+    setCommand("mnuAbout", [this] { showAboutDialog(this); });
+}
+
+void frmMain::openFile(int recentIndex)
+{
+    OpenFileSurroundings surroundings;
+    surroundings.showMiscDialog = [this](AppModel& model, MiscDialogState& state) {
+        showMiscDialog(model, state, this);
+    };
+    doOpenSysExFile(model_, recentIndex, surroundings);
+}
+
+void frmMain::refresh(unsigned changes)
+{
+    if (changes & (kLabelsChanged | kScreenChanged))
+        refreshLabels();
+    if (changes & (kSendMenuChanged | kLabelsChanged))
+        refreshSendMenu();
+    if (changes & kRecentFilesChanged)
+        refreshRecentFiles();
+}
+
+void frmMain::refreshLabels()
+{
+    for (const auto& [kind, label] : loadedLabels_) {
+        const LoadedLabel& state = model_.labels.label(kind);
+        label->setText(QString::fromStdString(state.text));
+        label->setStyleSheet(styleOf(state.scheme, state.highlighted, palette()));
+    }
+}
+
+void frmMain::refreshSendMenu()
+{
+    QAction* send = action("mnuSendActive");
+    send->setText(QString::fromStdString(model_.sendMenuCaption));
+}
+
+void frmMain::refreshRecentFiles()
+{
+    action("mnuFileArray_0")->setVisible(model_.recentSeparatorVisible);
+    for (int slot = 1; slot <= kRecentSlots; ++slot) {
+        QAction* recent = action(QString("mnuFileArray_%1").arg(slot));
+        const std::string& caption = model_.recentMenu[slot];
+        recent->setText(QString::fromStdString(caption));
+        recent->setVisible(!caption.empty());
+    }
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonRelease) {
+        for (const auto& [kind, label] : loadedLabels_) {
+            if (label != watched)
+                continue;
+            const bool right = static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
+            if (clickLoadedLabel(model_, kind, right) != 0)
+                showNameDialog(model_, this);
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::closeEvent(QCloseEvent* event)
+{
+    if (!confirmClose(model_)) {
+        event->ignore();
+        return;
+    }
+    shutDown(model_);
+    event->accept();
+    // Every other form of the program goes with the main form.
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window != this)
+            window->close();
+    }
+}
+
+}  // namespace quillon
