@@ -1,15 +1,20 @@
-// Makes the picture of the main window that the README shows: the program
-// started as a user starts it, with a patch opened, drawn into a PNG file.
+// Makes the pictures of Quillon's windows for the README and the docs: the
+// program started as a user starts it, with a file opened if one is given,
+// and the main window or one of its forms drawn into a PNG file.
 //
-// Usage: quillon_screenshot OUT.png [FILE.syx]
+// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about] [FILE.syx]
 
 #include "files/MiscDialog.h"
 #include "files/OpenSysExFile.h"
 #include "files/SettingsStore.h"
 #include "shell/AppModel.h"
 #include "shell/StartUp.h"
+#include "model/screens/frmParam.h"
+#include "shell/screens/HelpWindow.h"
 #include "shell/screens/QtHost.h"
+#include "shell/screens/frmAbout.h"
 #include "shell/screens/frmMain.h"
+#include "shell/screens/frmSettings.h"
 
 #include <QApplication>
 #include <QDir>
@@ -17,6 +22,8 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <memory>
+#include <string>
 
 namespace {
 
@@ -36,22 +43,48 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     if (argc < 2) {
-        std::fprintf(stderr, "usage: quillon_screenshot OUT.png [FILE.syx]\n");
+        std::fprintf(stderr, "usage: quillon_screenshot OUT.png [--form main|settings|help|params|about] [FILE.syx]\n");
         return 2;
     }
+    std::string form = "main";
+    std::string file;
+    for (int i = 2; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if (arg == "--form" && i + 1 < argc)
+            form = argv[++i];
+        else
+            file = arg;
+    }
     QTemporaryDir dataFolder;
-    ScreenshotHost host(argc > 2 ? argv[2] : "");
+    ScreenshotHost host(file);
     quillon::MemorySettingsStore store;
     quillon::AppModel model(host, store, dataFolder.path().toStdString());
     quillon::frmMain window(model, host);
     if (!quillon::doFormLoadMain(model))
         return 1;
-    if (argc > 2)
+    if (!file.empty())
         quillon::doOpenSysExFile(model, 0);
     window.resize(1000, 640);
     window.show();
+
+    QWidget* shown = &window;
+    std::unique_ptr<QWidget> other;
+    if (form == "settings") {
+        other = std::make_unique<quillon::frmSettings>(model, 5);
+    } else if (form == "help") {
+        other = std::make_unique<quillon::HelpWindow>();
+        static_cast<quillon::HelpWindow*>(other.get())->showContext(65);
+    } else if (form == "params") {
+        other = std::make_unique<quillon::frmParam>();
+    } else if (form == "about") {
+        other = std::make_unique<quillon::frmAbout>();
+    }
+    if (other) {
+        other->show();
+        shown = other.get();
+    }
     QApplication::processEvents();
-    if (!window.grab().save(QString::fromLocal8Bit(argv[1]))) {
+    if (!shown->grab().save(QString::fromLocal8Bit(argv[1]))) {
         std::fprintf(stderr, "cannot write %s\n", argv[1]);
         return 1;
     }
