@@ -3,6 +3,7 @@
 #include "model/TableBrowser.h"
 
 #include <QDialog>
+#include <QPointer>
 #include <QString>
 
 #include <array>
@@ -65,5 +66,21 @@ private:
     std::vector<std::array<QLabel*, kBrowserLines>> cells_;
     QScrollBar* bar_ = nullptr;
 };
+
+// Each browser is one window: the first call opens it, a later one sets the
+// open window up for its argument and brings it to the front.
+template <typename Form>
+void showBrowserWindow(QPointer<Form>& form, int which, QWidget* parent)
+{
+    if (form == nullptr) {
+        form = new Form(which, parent);
+        form->setAttribute(Qt::WA_DeleteOnClose);
+    } else {
+        form->doSetup(which);
+    }
+    form->show();
+    form->raise();
+    form->activateWindow();
+}
 
 }  // namespace quillon

@@ -2,8 +2,6 @@
 
 #include "shell/screens/FormLaunchers.h"
 
-#include <QPointer>
-
 namespace quillon {
 
 namespace {
@@ -34,15 +32,7 @@ BrowserMode frmSection::modeFor(int mode) const { return sectionBrowserMode(mode
 void showSectionList(int which, QWidget* parent)
 {
     static QPointer<frmSection> form;
-    if (form == nullptr) {
-        form = new frmSection(which, parent);
-        form->setAttribute(Qt::WA_DeleteOnClose);
-    } else {
-        form->doSetup(which);
-    }
-    form->show();
-    form->raise();
-    form->activateWindow();
+    showBrowserWindow(form, which, parent);
 }
 
 }  // namespace quillon

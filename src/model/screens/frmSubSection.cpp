@@ -2,8 +2,6 @@
 
 #include "shell/screens/FormLaunchers.h"
 
-#include <QPointer>
-
 namespace quillon {
 
 namespace {
@@ -34,15 +32,7 @@ BrowserMode frmSubSection::modeFor(int mode) const { return subSectionBrowserMod
 void showSubSectionList(int which, QWidget* parent)
 {
     static QPointer<frmSubSection> form;
-    if (form == nullptr) {
-        form = new frmSubSection(which, parent);
-        form->setAttribute(Qt::WA_DeleteOnClose);
-    } else {
-        form->doSetup(which);
-    }
-    form->show();
-    form->raise();
-    form->activateWindow();
+    showBrowserWindow(form, which, parent);
 }
 
 }  // namespace quillon
