@@ -111,8 +111,9 @@ TEST(frmSection, NameBoxFindsTheModels)
     ASSERT_FALSE(form.hits().empty());
     for (int line = 0; line < 10; ++line) {
         const QString name = cell(form, "Name", line);
-        if (!name.isEmpty())
+        if (!name.isEmpty()) {
             EXPECT_TRUE(name.contains("Model")) << name.toStdString();
+        }
     }
     EXPECT_TRUE(form.searched());
     QTest::mouseClick(child<QPushButton>(form, "cmdAll"), Qt::LeftButton);
