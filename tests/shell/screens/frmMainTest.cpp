@@ -34,8 +34,9 @@ struct MainWindow {
 
     explicit MainWindow(bool started = true)
     {
-        if (started)
+        if (started) {
             EXPECT_TRUE(doFormLoadMain(model));
+        }
     }
 
     QAction* action(const char* name) { return window.action(name); }
@@ -118,6 +119,54 @@ TEST(frmMain, OtherMenusHoldTheirItemsInOrder)
     EXPECT_EQ(itemsOf(w.window.findChild<QMenu*>("mnuHelp")),
               (std::vector<std::string>{"mnuHelpContents=&Contents...", "mnuHelpIndex=&Index...",
                                         "mnuHelpFAQ=Quillon on the &Web", "mnuAbout=About Quillon..."}));
+}
+
+TEST(frmMain, EditReceiveMultiArpeggiatorAndSystemMenusHoldTheirItemsInOrder)
+{
+    MainWindow w(false);
+    EXPECT_EQ(itemsOf(w.window.findChild<QMenu*>("mnuEdit")),
+              (std::vector<std::string>{"mnuCopySpecial=Copy Special", "mnuPasteSpecial=Paste Special"}));
+    EXPECT_EQ(itemsOf(w.window.findChild<QMenu*>("mnuReceive")),
+              (std::vector<std::string>{"mnuListen=Listen", "mnuRequest=Request", "mnuResetInput=Reset"}));
+    EXPECT_EQ(itemsOf(w.window.findChild<QMenu*>("mnuMulti")),
+              (std::vector<std::string>{"mnuPutMultiInBank=Multiset to Multi Bank",
+                                        "mnuRemapMultiset=Remap Multiset", "mnuRemapMultiBank=Remap Multi Bank"}));
+    EXPECT_EQ(itemsOf(w.window.findChild<QMenu*>("mnuArpeggiator")),
+              (std::vector<std::string>{"mnuPutArpInBank=Pattern to Arpeggiator Bank"}));
+    EXPECT_EQ(itemsOf(w.window.findChild<QMenu*>("mnuSystem")),
+              (std::vector<std::string>{"mnuParameters=Parameters", "mnuSectionsPatch=Sections: Patch",
+                                        "mnuSectionsMulti=Sections: Multi", "mnuSubSectionsPatch=Subsections: Patch",
+                                        "mnuSubSectionsMulti=Subsections: Multi", "mnuCheckLoad=Check Load",
+                                        "mnuCompareLast=Compare Last", "mnuDumpParamList=Dump Current Params"}));
+    const auto bank = itemsOf(w.window.findChild<QMenu*>("mnuBank"));
+    EXPECT_EQ(bank[0], "mnuUndoBank=Undo");
+    EXPECT_EQ(bank[1], "mnuSwapBanks=Swap Banks");
+    EXPECT_EQ(bank[12], "mnuFind=Find Patches");
+    EXPECT_EQ(bank[13], "mnuMapOld=Map Old");
+    EXPECT_EQ(bank[14], "mnuMapNew=Map New");
+    EXPECT_EQ(bank[15], "mnuCreateRemap=Create Remap");
+}
+
+TEST(frmMain, ClickingABankLabelShowsThatBankAndHighlightsIt)
+{
+    MainWindow w;
+    QTest::mouseClick(w.label("lblLoaded_3"), Qt::LeftButton);
+    EXPECT_EQ(w.model.mode, kPatchBankB);
+    EXPECT_TRUE(w.label("lblLoaded_3")->styleSheet().contains("bold"));
+    EXPECT_FALSE(w.label("lblLoaded_1")->styleSheet().contains("bold"));
+    EXPECT_EQ(w.action("mnuSendActive")->text(), "Bank B");
+}
+
+TEST(frmMain, RightClickOnThePatchLabelOpensTheNameDialog)
+{
+    MainWindow w;
+    QString caption;
+    whenNextModalOpens([&caption](QWidget* modal) {
+        caption = modal->windowTitle();
+        modal->close();
+    });
+    QTest::mouseClick(w.label("lblLoaded_1"), Qt::RightButton);
+    EXPECT_EQ(caption, "Edit Patch Name");
 }
 
 TEST(frmMain, ToolbarKeysStandInOrderWithTheirTooltips)
