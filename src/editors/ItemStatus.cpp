@@ -85,13 +85,7 @@ void clearStatusMessages(AppModel& model)
 void newItemReady(AppModel& model, int kind, bool startingUp)
 {
     AppModel::Batch batch(model);
-    const ParamValues& current = model.buffers.of(kind).current;
-    if (kind == kPatch)
-        patchParamsToImage(current, model.itemImage(kind));
-    else if (kind == kMultiset)
-        multiParamsToImage(current, model.itemImage(kind));
-    else
-        arpParamsToImage(current, model.itemImage(kind));
+    paramsToImage(kind, model.buffers.of(kind).current, model.itemImage(kind));
     doLabelFileName(model, kind);
     model.labels.doLoadedStatusColour(kind, 0);
     model.flags.loaded[kind] = true;

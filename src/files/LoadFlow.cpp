@@ -60,17 +60,11 @@ void setLoadedFlags(AppModel& model, int kind)
 // label, and the label coloured by whether the load had to correct anything.
 void postLoadItem(AppModel& model, int kind)
 {
-    const ByteImage& image = model.itemImage(kind);
-    ParamValues& current = model.buffers.of(kind).current;
-    if (kind == kPatch) {
-        imageToPatchParams(image, current, model.report);
-    } else if (kind == kMultiset) {
+    if (kind == kMultiset)
         model.multiMode = 0;
-        imageToMultiParams(image, current, model.report);
-    } else {
+    else if (kind == kPattern)
         model.arpMode = 0;
-        imageToArpParams(image, current, model.report);
-    }
+    imageToParams(kind, model.itemImage(kind), model.buffers.of(kind).current, model.report);
     doLabelFileName(model, kind);
     if (model.report.changeCount() == 0) {
         model.labels.doLoadedStatusColour(kind, 0);

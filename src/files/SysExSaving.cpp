@@ -99,14 +99,8 @@ void refreshPacked(AppModel& model, int kind)
 {
     SysExImage packed;
     if (EditBuffers::hasBuffers(kind)) {
-        const ParamValues& current = model.buffers.of(kind).current;
         ByteImage& image = model.itemImage(kind);
-        if (kind == kPatch)
-            patchParamsToImage(current, image);
-        else if (kind == kMultiset)
-            multiParamsToImage(current, image);
-        else
-            arpParamsToImage(current, image);
+        paramsToImage(kind, model.buffers.of(kind).current, image);
         packed = DATAtoMIDI(kind, image);
     } else {
         BusyPointer busy(model.host());

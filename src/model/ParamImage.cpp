@@ -130,6 +130,26 @@ void arpParamsToImage(const ParamValues& values, std::span<std::uint8_t> image)
     writeRows(kArpBlocks, paramTables().arp, values, image);
 }
 
+void imageToParams(int kind, std::span<const std::uint8_t> image, ParamValues& values, LoadReport& report)
+{
+    if (kind == kPatch)
+        imageToPatchParams(image, values, report);
+    else if (kind == kMultiset)
+        imageToMultiParams(image, values, report);
+    else if (kind == kPattern)
+        imageToArpParams(image, values, report);
+}
+
+void paramsToImage(int kind, const ParamValues& values, std::span<std::uint8_t> image)
+{
+    if (kind == kPatch)
+        patchParamsToImage(values, image);
+    else if (kind == kMultiset)
+        multiParamsToImage(values, image);
+    else if (kind == kPattern)
+        arpParamsToImage(values, image);
+}
+
 std::vector<int> rowsInForce(int kind, const ParamValues& values)
 {
     std::vector<int> rows;

@@ -33,6 +33,11 @@ void patchParamsToImage(const ParamValues& values, std::span<std::uint8_t> image
 void multiParamsToImage(const ParamValues& values, std::span<std::uint8_t> image);
 void arpParamsToImage(const ParamValues& values, std::span<std::uint8_t> image);
 
+// The reading or writing operation of a Kind 1, 4 or 5; other kinds do
+// nothing.
+void imageToParams(int kind, std::span<const std::uint8_t> image, ParamValues& values, LoadReport& report);
+void paramsToImage(int kind, const ParamValues& values, std::span<std::uint8_t> image);
+
 // The rows in force for an item of kind 1, 4 or 5 with the type parameters in
 // values, in the order in which they are read and written.
 std::vector<int> rowsInForce(int kind, const ParamValues& values);
