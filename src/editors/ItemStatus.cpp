@@ -1,5 +1,6 @@
 #include "editors/ItemStatus.h"
 
+#include "editors/Frames.h"
 #include "files/LoadFlow.h"
 #include "files/SuggestedNames.h"
 #include "model/Kind.h"
@@ -54,9 +55,15 @@ void setUpScreen(AppModel& model, int mode)
 {
     if (mode < kPatch || mode > kPattern)
         return;
+    // Filling the frames is the slowest thing the editor does while the user
+    // waits.
+    BusyPointer busy(model.host());
+    AppModel::Batch batch(model);
+    const int previousMode = model.mode;
     model.mode = mode;
     if (mode == kPatchBankA || mode == kPatchBankB)
         model.bankTarget = mode;
+    setUpScreenContent(model, previousMode);
     model.changed(kScreenChanged);
 }
 

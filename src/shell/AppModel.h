@@ -2,8 +2,11 @@
 
 #include "banks/BankStore.h"
 #include "editors/EditBuffers.h"
+#include "editors/EnvelopeGraph.h"
 #include "editors/KindFlags.h"
 #include "editors/LoadedLabels.h"
+#include "editors/MultiSelect.h"
+#include "editors/ScreenLayout.h"
 #include "files/SettingsStore.h"
 #include "files/SystemSettings.h"
 #include "model/DataTypes.h"
@@ -20,6 +23,14 @@ namespace quillon {
 
 inline constexpr int kRecentFiles = 20;
 inline constexpr int kRecentMenuSlots = 10;
+
+// What Remap knows of the new arrangement of the patch banks: the names of
+// its lists by combined position (bank B from 128), and whether both new
+// lists have been read.
+struct RemapLists {
+    std::array<std::string, 256> newNames;
+    bool newListsPresent = false;
+};
 
 // A whole message of a several-kinds file or dump (All Data, All Program,
 // All Multi, Global, MIDI), kept for frmMisc to save, send or take apart.
@@ -56,6 +67,9 @@ public:
     KindFlags flags;
     BankStore banks{flags};
     LoadedLabels labels;
+    MultiSelectState multiSelect;  // fraMultiSelect of the multi screen
+    ScreenLayout layout;           // the frames of the patch and multi screens and their navigation
+    EnvelopeGraph envelope;        // fraEnvelope of the patch screen
 
     // The unpacked image of the patch, multiset and pattern, by Kind; the
     // banks keep theirs in the bank store.
@@ -80,6 +94,7 @@ public:
     bool recentSeparatorVisible = false;
     bool saveCancelled = false;
     MiscDump misc;
+    RemapLists remap;
 
     SystemSettings settings;
     // Quillonpe.dat as opened at start-up: the names of the performance knob

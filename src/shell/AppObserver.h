@@ -13,6 +13,16 @@ enum ModelChange : unsigned {
     kBuffersChanged = 1u << 6,      // values of the edit buffers
     kBanksChanged = 1u << 7,        // data in the bank store
     kSettingsChanged = 1u << 8,     // the system settings
+    // fraMultiSelect: its section buttons, the selection label and arrows,
+    // the multi bank lists.
+    kMultiSelectChanged = 1u << 9,
+    // The patch or multi screen: the rows and captions of frame 1 or 2, and
+    // everything around them (tree or group panel, group labels, trail,
+    // favourites, frame mode buttons, the Subsection and Copy/Paste Special
+    // menus, fraEnvelope's place).
+    kFrame1Changed = 1u << 10,
+    kFrame2Changed = 1u << 11,
+    kNavigationChanged = 1u << 12,
 };
 
 // Screens observe the model through this; a bulk change such as a load

@@ -1,6 +1,8 @@
 #include "shell/StartUp.h"
 
+#include "editors/EnvelopeGraph.h"
 #include "editors/ItemStatus.h"
+#include "editors/Navigation.h"
 #include "files/DataFolder.h"
 #include "files/LoadFlow.h"
 #include "files/PeFile.h"
@@ -96,6 +98,8 @@ bool doFormLoadMain(AppModel& model, const StartUpSurroundings& surroundings)
         readUserMultiFile(model);
 
         progress = kStartScreenSettings;
+        installEnvelopeRule(model);
+        applyStartUpView(model);
         model.changed(kSettingsChanged | kScreenChanged);
 
         progress = kStartDefaultItems;

@@ -1,2 +1,0 @@
-target_sources(quillon_core_tests PRIVATE
-)
