@@ -2,6 +2,7 @@
 // in the bank store: an All Data file with all five banks taken out through
 // frmMisc, and a PatchBank file.
 
+#include "QuietHost.h"
 #include "files/MiscDialog.h"
 #include "files/OpenSysExFile.h"
 #include "files/SettingsStore.h"
@@ -19,21 +20,6 @@
 
 namespace quillon {
 namespace {
-
-// Answers the open dialog with one file and shows nothing.
-class QuietHost : public Host {
-public:
-    explicit QuietHost(std::string path) : path_(std::move(path)) {}
-    Answer showMessage(const MessageRequest&) override { return Answer::No; }
-    std::optional<std::string> chooseOpenFile(const FileDialogRequest&) override { return path_; }
-    std::optional<std::string> chooseSaveFile(const FileDialogRequest&) override { return std::nullopt; }
-    void setStatus(const std::string&, StatusColour) override {}
-    void setMessage(const std::string&) override {}
-    void setBusy(bool) override {}
-
-private:
-    std::string path_;
-};
 
 ByteImage randomBytes(std::size_t n)
 {
