@@ -1,5 +1,6 @@
 #include "output/TextLists.h"
 
+#include "banks/PatternSlots.h"
 #include "editors/LoadedLabels.h"
 #include "model/Kind.h"
 #include "model/LoadReport.h"
@@ -15,8 +16,6 @@ namespace {
 constexpr int kTimbres = 6;
 constexpr int kTimbreRows = 27;
 constexpr int kFirstTimbreRow = 17;  // "Patch Bank" of timbre 1; "Patch Number" follows
-constexpr int kPresetPatterns = 5;
-constexpr int kPatternsPerUserBank = 5;
 
 std::vector<std::string> headed(int kind)
 {
@@ -56,15 +55,7 @@ std::string arpListSlotName(int position)
 {
     if (position >= 0 && position < kPresetPatterns)
         return "PRESET:";
-    if (position >= kPresetPatterns && position < kPatternsPerBank) {
-        const int user = position - kPresetPatterns;
-        std::string slot = "U";
-        slot += static_cast<char>('1' + user / kPatternsPerUserBank);
-        slot += '-';
-        slot += static_cast<char>('1' + user % kPatternsPerUserBank);
-        return slot;
-    }
-    return {};
+    return patternSlotName(position);
 }
 
 std::vector<std::string> bankListLines(const AppModel& model, int bank)

@@ -1,5 +1,6 @@
 #include "shell/screens/Dialog.h"
 
+#include "banks/PatternSlots.h"
 #include "editors/ColourSchemes.h"
 #include "shell/screens/FormLaunchers.h"
 
@@ -23,9 +24,7 @@ namespace {
 
 constexpr int kPatchPlaces = 128;
 constexpr int kMultiPlaces = 16;
-constexpr int kFirstUserPattern = 5;
 constexpr int kUserPatterns = 15;
-constexpr int kPatternsPerGroup = 5;
 
 // Colours of the two names: the one now in the bank, the one that replaces it.
 constexpr int kCurrentScheme = 12;
@@ -83,7 +82,7 @@ int dialogResult(int mode, const DialogChoice& choice)
     case 2:
     case 3: return choice.bankB ? 3 : 2;
     case 4: return choice.number + (choice.bankB ? kMultiPlaces : 0);
-    case 5: return std::max(choice.listIndex + kFirstUserPattern, kFirstUserPattern);
+    case 5: return std::max(choice.listIndex + kPresetPatterns, kPresetPatterns);
     default: return -1;
     }
 }
@@ -131,14 +130,6 @@ int dialogPlaceMax(int mode)
     case 4: return kMultiPlaces - 1;
     default: return -1;
     }
-}
-
-QString arpSlotName(int position)
-{
-    if (position < kFirstUserPattern || position >= kFirstUserPattern + kUserPatterns)
-        return {};
-    const int index = position - kFirstUserPattern;
-    return QString("U%1-%2").arg(index / kPatternsPerGroup + 1).arg(index % kPatternsPerGroup + 1);
 }
 
 Dialog::Dialog(DialogSource source, QWidget* parent) : QDialog(parent), source_(std::move(source))
@@ -286,11 +277,11 @@ void Dialog::doSetup(int mode)
 
     cmbTextChoice_->clear();
     if (mode == 5) {
-        for (int position = kFirstUserPattern; position < kFirstUserPattern + kUserPatterns; ++position) {
+        for (int position = kPresetPatterns; position < kPresetPatterns + kUserPatterns; ++position) {
             const std::string name = source_.nameAt ? source_.nameAt(position) : std::string();
-            cmbTextChoice_->addItem(arpSlotName(position) + " " + QString::fromStdString(name));
+            cmbTextChoice_->addItem(QString::fromStdString(patternSlotName(position) + " " + name));
         }
-        cmbTextChoice_->setCurrentIndex(std::clamp(place - kFirstUserPattern, 0, kUserPatterns - 1));
+        cmbTextChoice_->setCurrentIndex(std::clamp(place - kPresetPatterns, 0, kUserPatterns - 1));
     }
     settingUp_ = false;
     doUpdate();

@@ -57,10 +57,6 @@ QString dialogCaption(int mode);
 int dialogHelpContext(int mode);
 int dialogPlaceMax(int mode);
 
-// The name of a user pattern slot of the arpeggiator bank, positions 5 to
-// 19: "U1-1" to "U1-5", "U2-1" to "U2-5", "U3-1" to "U3-5"; empty for others.
-QString arpSlotName(int position);
-
 // One form for the bank commands' questions: where to put the patch, the
 // multiset or the pattern, and which PatchBank a generated bank replaces.
 class Dialog : public QDialog {

@@ -253,15 +253,5 @@ TEST(Dialog, RangesAndHelpContextsOfTheModes)
     EXPECT_EQ(dialogHelpContext(6), 0);
 }
 
-TEST(Dialog, ArpeggiatorSlotNames)
-{
-    EXPECT_EQ(arpSlotName(5), "U1-1");
-    EXPECT_EQ(arpSlotName(9), "U1-5");
-    EXPECT_EQ(arpSlotName(10), "U2-1");
-    EXPECT_EQ(arpSlotName(19), "U3-5");
-    EXPECT_EQ(arpSlotName(4), "");
-    EXPECT_EQ(arpSlotName(20), "");
-}
-
 }  // namespace
 }  // namespace quillon
