@@ -2,11 +2,16 @@
 // program started as a user starts it, with a file opened if one is given,
 // and the main window or one of its forms drawn into a PNG file.
 //
-// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about] [FILE.syx]
+// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope] [FILE.syx]
+//
+// "patch" shows the patch screen with OSC1 in the left frame and its
+// setting rows in the right one; "envelope" shows EG1 with its graph.
 
 #include "files/MiscDialog.h"
 #include "files/OpenSysExFile.h"
+#include "editors/Navigation.h"
 #include "files/SettingsStore.h"
+#include "model/ParamTables.h"
 #include "shell/AppModel.h"
 #include "shell/StartUp.h"
 #include "model/screens/frmParam.h"
@@ -37,13 +42,29 @@ private:
     std::string path_;
 };
 
+// The key of the tree's root whose section holds the parameter.
+std::string sectionKeyOf(int param)
+{
+    const auto& sections = quillon::paramTables().patchSections;
+    for (std::size_t i = 1; i <= 32 && i < sections.size(); ++i) {
+        if (sections[i].firstParam <= param && param <= sections[i].lastParam) {
+            std::string key = "S";  // appended: GCC 12 warns wrongly about "S" + std::to_string(...)
+            key += std::to_string(i);
+            return key;
+        }
+    }
+    return {};
+}
+
+constexpr int kOsc1Type = 174;
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     if (argc < 2) {
-        std::fprintf(stderr, "usage: quillon_screenshot OUT.png [--form main|settings|help|params|about] [FILE.syx]\n");
+        std::fprintf(stderr, "usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope] [FILE.syx]\n");
         return 2;
     }
     std::string form = "main";
@@ -64,7 +85,16 @@ int main(int argc, char** argv)
         return 1;
     if (!file.empty())
         quillon::doOpenSysExFile(model, 0);
-    window.resize(1000, 640);
+    if (form == "patch") {
+        // OSC1 Setting first, then OSC1: the setting moves to the right frame.
+        quillon::clickTreeNode(model, "SS13");
+        quillon::clickTreeNode(model, sectionKeyOf(kOsc1Type));
+    } else if (form == "envelope") {
+        model.settings.graphicEnvelope = true;
+        quillon::clickTreeNode(model, "S2");  // EG1
+    }
+    const bool editing = form == "patch" || form == "envelope";
+    window.resize(editing ? 1280 : 1000, editing ? 720 : 640);
     window.show();
 
     QWidget* shown = &window;

@@ -1,7 +1,9 @@
 #include "shell/screens/frmMain.h"
 
 #include "editors/ColourSchemes.h"
+#include "editors/Frames.h"
 #include "editors/ItemStatus.h"
+#include "editors/screens/EditorScreens.h"
 #include "files/OpenSysExFile.h"
 #include "files/SysExSaving.h"
 #include "files/UserFiles.h"
@@ -166,7 +168,14 @@ void frmMain::buildCentre()
     hint->setObjectName("lblScreensHint");
     hint->setAlignment(Qt::AlignCenter);
     hint->setEnabled(false);
-    (new QVBoxLayout(screens))->addWidget(hint);
+    auto* screensLayout = new QVBoxLayout(screens);
+    screensLayout->setContentsMargins(0, 0, 0, 0);
+    screensLayout->addWidget(hint);
+    // The patch and multi screens; the bank and pattern screens still show
+    // the hint.
+    auto* editor = new EditorScreens(model_, screens);
+    editor->hide();
+    screensLayout->addWidget(editor, 1);
     column->addWidget(screens, 1);
 
     status_ = new QLabel(centre);
@@ -220,6 +229,15 @@ void frmMain::wireCommands()
     setCommand("mnuSectionsMulti", [this] { showSectionList(2, this); });
     setCommand("mnuSubSectionsPatch", [this] { showSubSectionList(1, this); });
     setCommand("mnuSubSectionsMulti", [this] { showSubSectionList(2, this); });
+    // The frame mode and section picking keys, with their two menu items.
+    for (const char* key : {"spst", "spsg", "flr", "fla", "fra"}) {
+        action(QString("tlbMain_") + key)->setCheckable(true);
+        setCommand(QString("tlbMain_") + key, [&m, key] { clickFrameToolbarButton(m, key); });
+    }
+    for (const char* name : {"mnuShowPatchSectionsTree", "mnuShowPatchSectionsGroup"})
+        action(name)->setCheckable(true);
+    setCommand("mnuShowPatchSectionsTree", [&m] { clickFrameToolbarButton(m, "spst"); });
+    setCommand("mnuShowPatchSectionsGroup", [&m] { clickFrameToolbarButton(m, "spsg"); });
     setCommand("mnuHelpContents", [] { doHelpShowThis(1); });
     setCommand("mnuHelpIndex", [] { doHelpShowThis(2); });
     setCommand("mnuHelpFAQ", [&m] { openFaqPage(m); });
@@ -243,6 +261,17 @@ void frmMain::refresh(unsigned changes)
         refreshSendMenu();
     if (changes & kRecentFilesChanged)
         refreshRecentFiles();
+    if (changes & kScreenChanged) {
+        const bool editing = model_.mode == 1 || model_.mode == 4;
+        findChild<QWidget*>("lblScreensHint")->setVisible(!editing);
+        findChild<EditorScreens*>("fraEditor")->setVisible(editing);
+    }
+    if (changes & (kNavigationChanged | kScreenChanged)) {
+        for (const char* key : {"spst", "spsg", "flr", "fla", "fra"})
+            action(QString("tlbMain_") + key)->setChecked(toolbarButtonDown(model_, key));
+        action("mnuShowPatchSectionsTree")->setChecked(toolbarButtonDown(model_, "spst"));
+        action("mnuShowPatchSectionsGroup")->setChecked(toolbarButtonDown(model_, "spsg"));
+    }
 }
 
 void frmMain::refreshLabels()

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QLabel>
+#include <QSpinBox>
+#include <QString>
+
+class QWidget;
+
+namespace quillon {
+
+// The small controls the patch and multi screens are made of, and the
+// measures they share.
+
+// Pixels per pixel at 96 dpi on the screen of a widget: the logical DPI over
+// 96 (the device pixel ratio is Qt's own business).
+double screenScale(const QWidget* widget);
+
+// Twips to pixels and back on that screen: 15 twips to a pixel at 96 dpi.
+int twipsToPixels(double twips, double scale);
+int pixelsToTwips(double pixels, double scale);
+
+// The style sheet of a label in colour scheme `scheme` (1 to 13); empty for
+// any other number.
+QString schemeStyle(int scheme, const QWidget* widget);
+
+// A label that reports presses, releases and double clicks.
+class ClickLabel : public QLabel {
+    Q_OBJECT
+public:
+    using QLabel::QLabel;
+
+signals:
+    void pressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
+    void released(Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
+    void doubleClicked();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+};
+
+// updParamVal: the arrows of a spin control beside its value box, which
+// holds the number. A step of the arrows does not change the value here: it
+// is reported, and the value comes back from the model. A right press
+// reports where it fell, in twips from the top.
+class SpinArrows : public QSpinBox {
+    Q_OBJECT
+public:
+    explicit SpinArrows(QWidget* parent = nullptr);
+    void stepBy(int steps) override;
+
+signals:
+    void stepped(bool up);
+    void rightPressed(int yTwips);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    StepEnabled stepEnabled() const override;
+};
+
+}  // namespace quillon
