@@ -1,5 +1,7 @@
 #include "editors/screens/EditorScreens.h"
 
+#include "editors/screens/FavouritesBar.h"
+
 #include "editors/Frames.h"
 #include "editors/Navigation.h"
 #include "editors/ParamRowEdit.h"
@@ -71,6 +73,7 @@ EditorScreens::EditorScreens(AppModel& model, QWidget* parent) : QWidget(parent)
     for (int frame = 1; frame <= 2; ++frame) {
         buildFrame(frame);
         columns->addWidget(frames_[static_cast<std::size_t>(frame)].slot, 1);
+        favourites_->watchDragSource(frames_[static_cast<std::size_t>(frame)].subsect);
     }
 
     envelope_ = new EnvelopeView(model_, this);
@@ -143,6 +146,9 @@ QWidget* EditorScreens::buildLeftColumn()
     connect(back, &QToolButton::clicked, this, [this] { trailMove(model_, -1); });
     connect(forward, &QToolButton::clicked, this, [this] { trailMove(model_, +1); });
     layout->addWidget(backForward_);
+    favourites_ = new FavouritesBar(model_, column);
+    favourites_->setFixedWidth(twipsToPixels(kTreeWidth, scale));
+    layout->addWidget(favourites_);
     return column;
 }
 
@@ -438,6 +444,8 @@ void EditorScreens::mirrorNavigation()
     group_->mirror();
     multi_->setVisible(parts.fraMultiSelect);
     backForward_->setVisible(parts.fraBackForward);
+    favourites_->setVisible(model_.mode == kPatch);
+    favourites_->mirror();
     for (int frame = 1; frame <= 2; ++frame) {
         const FrameView& view = model_.layout.frames[static_cast<std::size_t>(frame)];
         FrameControls& f = frames_[static_cast<std::size_t>(frame)];

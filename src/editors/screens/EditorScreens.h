@@ -18,6 +18,8 @@ class QVBoxLayout;
 
 namespace quillon {
 
+class FavouritesBar;
+
 class AppModel;
 class ClickLabel;
 class EnvelopeView;
@@ -89,6 +91,7 @@ private:
     MultiSelectPanel* multi_ = nullptr;
     EnvelopeView* envelope_ = nullptr;
     QWidget* backForward_ = nullptr;  // fraBackForward
+    FavouritesBar* favourites_ = nullptr;
     std::array<FrameControls, 3> frames_;
     std::array<RowControls, kScreenRows> rows_;
     std::array<QSlider*, 3> floating_{};  // sldFloating 1 and 2
