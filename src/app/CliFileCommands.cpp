@@ -7,6 +7,7 @@
 #include "files/MiscDialog.h"
 #include "files/SysExFileRecognition.h"
 #include "files/SysExSaving.h"
+#include "model/BankImage.h"
 #include "model/Kind.h"
 #include "output/ParamDumps.h"
 #include "output/TextLists.h"
@@ -17,13 +18,6 @@
 namespace quillon {
 
 namespace {
-
-std::string trimmedRight(std::string text)
-{
-    while (!text.empty() && text.back() == ' ')
-        text.pop_back();
-    return text;
-}
 
 std::string numbered(int value, int digits)
 {

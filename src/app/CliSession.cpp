@@ -6,6 +6,7 @@
 #include "files/SysExFileRecognition.h"
 #include "model/Kind.h"
 #include "shell/StartUp.h"
+#include "sysex/SysExClassifier.h"
 
 #include <random>
 #include <system_error>
@@ -25,12 +26,12 @@ std::filesystem::path freshFolder()
 int kindOfBand(const AppModel& model, int band)
 {
     switch (band) {
-    case 3: return model.bankTarget;
-    case 4: return kPatch;
-    case 6: return model.multiBankTarget;
-    case 7: return kMultiset;
-    case 8: return kArpBank;
-    case 9: return kPattern;
+    case kSysExPatchBank: return model.bankTarget;
+    case kSysExPatch: return kPatch;
+    case kSysExMultiBank: return model.multiBankTarget;
+    case kSysExSingleMulti: return kMultiset;
+    case kSysExArpBank: return kArpBank;
+    case kSysExSinglePattern: return kPattern;
     default: return isMiscBand(band) ? kOtherDump : 0;
     }
 }

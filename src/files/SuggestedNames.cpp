@@ -27,13 +27,6 @@ constexpr std::array<const char*, 10> kFormatCaptions{
     "lxx patch name", "axxx patch name",  "pxxuxx patch name", "pxxoxx patch name", "uxxoxx patch name",
 };
 
-std::string trimRight(std::string text)
-{
-    while (!text.empty() && text.back() == ' ')
-        text.pop_back();
-    return text;
-}
-
 // A number with at least `digits` digits, zeros in front, the sign before them.
 std::string padded(int value, int digits)
 {
@@ -74,7 +67,7 @@ void doLabelFileName(AppModel& model, int kind)
         return;
     auto& label = model.labels.label(kind);
     label.text = nameFromValues(model.buffers.of(kind).current);
-    const std::string name = trimRight(label.text);
+    const std::string name = trimmedRight(label.text);
     model.itemName[kind] = name;
 
     const auto& prefixes = model.settings.prefixes;
@@ -97,7 +90,7 @@ std::string doBuildPatchFileName(const AppModel& model, const std::string& folde
 {
     if (format < 0 || format > 9)
         return {};
-    const std::string fileName = trimRight(fileNameFromName(name));
+    const std::string fileName = trimmedRight(fileNameFromName(name));
     const ParamValues& patch = model.buffers.of(kPatch).current;
     const auto part = [&patch](char letter, int param) { return letter + padded(patch[param], 2); };
     const std::string p = part('p', kPatchCategoryParam);

@@ -46,11 +46,18 @@ std::string bankPatternName(const ByteImage& bank, bool bankLoaded, int pattern)
     return memberName(bank, bankLoaded, kArpBank, pattern, kPatternsPerBank, kPatternBytes, "No pattern (");
 }
 
-std::string fileNameFromName(std::string_view name)
+std::string trimmedRight(std::string_view name)
 {
     while (!name.empty() && name.back() == ' ')
         name.remove_suffix(1);
-    std::string result = name.empty() ? std::string("Untitled") : std::string(name);
+    return std::string(name);
+}
+
+std::string fileNameFromName(std::string_view name)
+{
+    std::string result = trimmedRight(name);
+    if (result.empty())
+        result = "Untitled";
     for (char& c : result) {
         switch (c) {
         case '"': case '*': case '/': case ':': case ';': case '<': case '>': case '?': case '\\': case '|':

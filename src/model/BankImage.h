@@ -17,6 +17,9 @@ std::string bankPatchName(const ByteImage& bank, bool bankLoaded, int bankKind, 
 std::string bankMultiName(const ByteImage& bank, bool bankLoaded, int bankKind, int multi);
 std::string bankPatternName(const ByteImage& bank, bool bankLoaded, int pattern);
 
+// A name without the blanks that pad it at the end.
+std::string trimmedRight(std::string_view name);
+
 // A patch, multiset or pattern name made safe to be a file name.
 std::string fileNameFromName(std::string_view name);
 
