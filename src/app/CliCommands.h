@@ -32,4 +32,13 @@ int runParams(const std::vector<std::string>& args, std::ostream& out, std::ostr
 // A file opened and saved again in the program's own plain form.
 int runConvert(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
+// The commands over MIDI, on the system QUILLON_MIDI_API names.
+// The input and output devices, numbered.
+int runPorts(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// One item of the Request dialog asked of the instrument and saved to a file.
+int runRequest(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// The item of a file sent to the instrument; a send that replaces a bank
+// needs --yes.
+int runSend(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
 }  // namespace quillon

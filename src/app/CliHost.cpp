@@ -16,11 +16,18 @@ Answer CliHost::showMessage(const MessageRequest& request)
     messages.push_back(request);
     switch (request.buttons) {
     case MessageButtons::Ok: return Answer::Ok;
-    case MessageButtons::YesNo: return Answer::Yes;          // "Do you still want to save?"
+    case MessageButtons::YesNo:
+        if (refuseQuestions) {
+            refused.push_back(request);
+            return Answer::No;
+        }
+        return Answer::Yes;  // "Do you still want to save?"
     case MessageButtons::YesNoCancel: return Answer::No;     // no edits of ours to save first
     }
     return Answer::Ok;
 }
+
+void CliHost::setStatus(const std::string& text, StatusColour colour) { statuses.emplace_back(text, colour); }
 
 std::optional<std::string> CliHost::chooseOpenFile(const FileDialogRequest&) { return openPath; }
 

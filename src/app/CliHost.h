@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quillon {
@@ -17,6 +18,12 @@ public:
     std::optional<std::string> openPath;
     std::optional<std::string> savePath;
     std::vector<MessageRequest> messages;
+    // Every text of lblStatus with its colour, in order.
+    std::vector<std::pair<std::string, StatusColour>> statuses;
+    // Sending to the instrument only on the user's word: while this is set a
+    // Yes/No question is answered No and kept in refused.
+    bool refuseQuestions = false;
+    std::vector<MessageRequest> refused;
 
     // The text of the first box that reports a failure, or empty.
     std::string firstProblem() const;
@@ -24,7 +31,7 @@ public:
     Answer showMessage(const MessageRequest& request) override;
     std::optional<std::string> chooseOpenFile(const FileDialogRequest& request) override;
     std::optional<std::string> chooseSaveFile(const FileDialogRequest& request) override;
-    void setStatus(const std::string&, StatusColour) override {}
+    void setStatus(const std::string& text, StatusColour colour) override;
     void setMessage(const std::string&) override {}
     void setBusy(bool) override {}
 };

@@ -19,6 +19,16 @@ constexpr std::string_view kUsage =
     "  dump FILE [--member N]         the parameter dump of a patch, multiset or pattern\n"
     "  params FILE [--member N] --json  the parameter values of an item as JSON\n"
     "  convert IN OUT                 IN saved again as a plain .syx file\n"
+    "  ports                          the MIDI input and output devices, numbered\n"
+    "  request ITEM --out FILE [--in N] [--out-port N] [--channel C] [--timeout S]\n"
+    "                                 asks the Z1 for ITEM (patch, bank-a, bank-b, multi,\n"
+    "                                 multibank-a, multibank-b, pattern, pattern-bank)\n"
+    "  send FILE [--out-port N] [--channel C] [--yes] [--timeout S]\n"
+    "                                 sends the item of FILE to the Z1; replacing a bank\n"
+    "                                 or settings needs --yes\n"
+    "Devices are numbers of 'ports' or a part of a name; --rate B sets the SysEx pace in\n"
+    "bytes a second (3125, the speed of a MIDI cable, unless given). QUILLON_MIDI_API\n"
+    "chooses the MIDI system: alsa, jack, coremidi, winmm or sim (a simulated Z1).\n"
     "--member N picks a member of a bank from 0; in a file of several kinds a patch\n"
     "0-255 (bank A, then B) or a multiset 0-31.\n";
 
@@ -46,6 +56,12 @@ int main(int argc, char** argv)
         return quillon::runParams(args, std::cout, std::cerr);
     if (command == "convert")
         return quillon::runConvert(args, std::cout, std::cerr);
+    if (command == "ports")
+        return quillon::runPorts(args, std::cout, std::cerr);
+    if (command == "request")
+        return quillon::runRequest(args, std::cout, std::cerr);
+    if (command == "send")
+        return quillon::runSend(args, std::cout, std::cerr);
     std::cerr << kUsage;
     return quillon::kExitUsage;
 }

@@ -1,6 +1,7 @@
 // Quillon: the program with its window.
 
 #include "files/DataFolder.h"
+#include "midi/screens/MidiConnection.h"
 #include "shell/AppModel.h"
 #include "shell/StartUp.h"
 #include "shell/screens/QtHost.h"
@@ -10,6 +11,8 @@
 
 #include <QApplication>
 #include <QStandardPaths>
+
+#include <memory>
 
 int main(int argc, char** argv)
 {
@@ -32,8 +35,12 @@ int main(int argc, char** argv)
     quillon::readRememberedLists(model);
 
     quillon::frmMain main(model, host);
+    // The MIDI system, opened as the last step of start-up; it goes before
+    // the main window and the model.
+    std::unique_ptr<quillon::MidiConnection> midi;
     quillon::StartUpSurroundings surroundings;
     surroundings.musicFolder = QStandardPaths::writableLocation(QStandardPaths::MusicLocation).toStdString();
+    surroundings.initMidi = [&main, &midi](quillon::AppModel& m) { return quillon::startMidi(m, &main, midi); };
     if (!quillon::doFormLoadMain(model, surroundings))
         return 1;
     main.show();

@@ -194,4 +194,15 @@ void doSaveFirstPrompt(AppModel& model, int kind, int context)
     }
 }
 
+void takeSingleItem(AppModel& model, int kind)
+{
+    AppModel::Batch batch(model);
+    model.itemImage(kind) = MIDItoDATA(kind, model.packed[kind], model.report);
+    model.buffers.updateCurrentDefaults(kind);
+    doPostLoad(model, kind);
+    model.buffers.updateLoaded(kind);
+    model.buffers.updateLast(kind);
+    model.changed(kBuffersChanged);
+}
+
 }  // namespace quillon

@@ -21,6 +21,11 @@ void doPostLoad(AppModel& model, int kind);
 // banks it takes out of a several-kinds dump, whose images need no unpacking.
 void showLoadedBank(AppModel& model, int bank);
 
+// A patch, multiset or pattern whose packed data has just come in, from a
+// file or the instrument: unpacked into its image and edit buffer, shown,
+// and taken as the loaded and the last item.
+void takeSingleItem(AppModel& model, int kind);
+
 // "Save ... first?" with Yes, No and Cancel. Context 0 gives the New title of
 // the Kind, 1 "Exit Quillon". Yes saves with a dialog, No clears the changed
 // flag, Cancel sets saveCancelled.

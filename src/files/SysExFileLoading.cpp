@@ -97,23 +97,8 @@ bool loadSingleItem(AppModel& model, int kind, const std::string& path, const Lo
         return fail(model, texts.title, texts.problem);
 
     model.itemPath[kind] = path;
-    model.itemImage(kind) = MIDItoDATA(kind, model.packed[kind], model.report);
-    model.buffers.updateCurrentDefaults(kind);
-    doPostLoad(model, kind);
-    model.buffers.updateLoaded(kind);
-    model.buffers.updateLast(kind);
-    model.changed(kBuffersChanged);
+    takeSingleItem(model, kind);
     return true;
-}
-
-// Which bank of the pair a bank or multi bank dump names: bit 0 of its
-// sub-header byte. The arpeggiator bank is one of a kind.
-int bankNamedBy(const std::vector<std::uint8_t>& message, int firstOfPair)
-{
-    if (firstOfPair == kArpBank)
-        return kArpBank;
-    const std::size_t selector = firstOfPair == kPatchBankA ? 5 : 6;
-    return (message[selector] & 1) != 0 ? firstOfPair + 1 : firstOfPair;
 }
 
 bool loadBank(AppModel& model, int firstOfPair, const std::string& path, const LoaderTexts& texts)

@@ -93,23 +93,6 @@ bool writeOrReport(AppModel& model, const std::string& path, const SysExMessage&
     return false;
 }
 
-// The packed data of the item or bank, made anew from what is in memory. The
-// closing F7 stands behind it as behind data that came from a file.
-void refreshPacked(AppModel& model, int kind)
-{
-    SysExImage packed;
-    if (EditBuffers::hasBuffers(kind)) {
-        ByteImage& image = model.itemImage(kind);
-        paramsToImage(kind, model.buffers.of(kind).current, image);
-        packed = DATAtoMIDI(kind, image);
-    } else {
-        BusyPointer busy(model.host());
-        packed = DATAtoMIDI(kind, model.banks.image(kind));
-    }
-    packed.push_back(0xF7);
-    model.packed[kind] = std::move(packed);
-}
-
 // Every save of one Kind: header and packed data, the path (from the item or
 // the dialog), the file, and then the item counts as saved.
 bool saveItem(AppModel& model, int kind, int how)
@@ -165,6 +148,22 @@ std::optional<MiscSaveName> miscSaveName(const MiscDump& misc)
 }
 
 }  // namespace
+
+void refreshPacked(AppModel& model, int kind)
+{
+    SysExImage packed;
+    if (EditBuffers::hasBuffers(kind)) {
+        ByteImage& image = model.itemImage(kind);
+        paramsToImage(kind, model.buffers.of(kind).current, image);
+        packed = DATAtoMIDI(kind, image);
+    } else {
+        BusyPointer busy(model.host());
+        packed = DATAtoMIDI(kind, model.banks.image(kind));
+    }
+    packed.push_back(0xF7);
+    model.packed[kind] = std::move(packed);
+}
+
 
 void saveCommand(AppModel& model, int how)
 {

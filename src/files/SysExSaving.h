@@ -18,6 +18,12 @@ bool doSaveArpBank(AppModel& model, int how);
 // The save routine of any Kind 1 to 8.
 bool saveKind(AppModel& model, int kind, int how);
 
+// The packed data of the item or bank made anew from what is in memory (for
+// the patch, multiset and pattern the edit buffer goes into the image first),
+// with the closing F7 behind it as behind data that came from a file. Saving
+// and sending both go out from it.
+void refreshPacked(AppModel& model, int kind);
+
 // Saves the message of a several-kinds file or dump from frmMisc.
 bool miscSave(AppModel& model);
 

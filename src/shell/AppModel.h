@@ -9,6 +9,7 @@
 #include "editors/ScreenLayout.h"
 #include "files/SettingsStore.h"
 #include "files/SystemSettings.h"
+#include "midi/MidiLink.h"
 #include "model/DataTypes.h"
 #include "model/LoadReport.h"
 #include "shell/AppObserver.h"
@@ -97,6 +98,8 @@ public:
     RemapLists remap;
 
     SystemSettings settings;
+    // The MIDI ports and the state of the flows that use them.
+    MidiLink midi{*this};
     // Quillonpe.dat as opened at start-up: the names of the performance knob
     // destinations in records of 60 characters.
     std::string peRecords;

@@ -251,4 +251,12 @@ std::string_view globalOrMidiName(std::span<const std::uint8_t> message)
     return midi ? "MIDI" : "Global";
 }
 
+int bankNamedBy(std::span<const std::uint8_t> message, int firstOfPair)
+{
+    if (firstOfPair == kArpBank)
+        return kArpBank;
+    const std::size_t selector = firstOfPair == kPatchBankA ? 5 : 6;
+    return message.size() > selector && (message[selector] & 1) != 0 ? firstOfPair + 1 : firstOfPair;
+}
+
 }  // namespace quillon

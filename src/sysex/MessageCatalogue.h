@@ -100,6 +100,12 @@ struct ImagePart {
 // any other type.
 std::span<const ImagePart> miscImageLayout(int type);
 
+// Which bank of its pair a bank or multi bank dump names: bit 0 of the byte
+// behind its function code (bank) or of its first sub-header byte (multi
+// bank). firstOfPair is 2 (patch banks) or 6 (multi banks); the arpeggiator
+// bank (8) is one of a kind.
+int bankNamedBy(std::span<const std::uint8_t> message, int firstOfPair);
+
 // "MIDI" or "Global" for a Global or MIDI dump, by the sub-header byte behind
 // its function code: non-zero means MIDI.
 std::string_view globalOrMidiName(std::span<const std::uint8_t> message);

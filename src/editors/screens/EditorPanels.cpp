@@ -87,7 +87,7 @@ void PatchGroupPanel::mirror()
 {
     const NavigationState& nav = model_.layout.nav;
     for (int i = 0; i < kPatchGroups; ++i)
-        groups_[static_cast<std::size_t>(i)]->setStyleSheet(boldStyle(nav.boldGroup == i));
+        restyle(groups_[static_cast<std::size_t>(i)], boldStyle(nav.boldGroup == i));
     selected_->setText(QString::fromStdString(nav.lblGroupSelected));
     subSections_->setVisible(nav.fraSubSections);
 }
@@ -156,10 +156,10 @@ void MultiSelectPanel::mirror()
         const MultiSectLabel& sect = state.sect[static_cast<std::size_t>(i)];
         ClickLabel* label = sections_[static_cast<std::size_t>(i)];
         label->setText(QString::fromStdString(sect.caption));
-        label->setStyleSheet(schemeStyle(sect.scheme, this) + boldStyle(model_.layout.nav.boldMultiGroup == i));
+        restyle(label, schemeStyle(sect.scheme, this) + boldStyle(model_.layout.nav.boldMultiGroup == i));
     }
     sectSel_->setText(QString::fromStdString(state.sectSel.caption));
-    sectSel_->setStyleSheet(schemeStyle(state.sectSel.scheme, this));
+    restyle(sectSel_, schemeStyle(state.sectSel.scheme, this));
     sectionsFrame_->setVisible(state.sectionsVisible);
     fillCombo(bankA_, state.bankA);
     fillCombo(bankB_, state.bankB);

@@ -59,7 +59,7 @@ QToolButton* arrowButton(const QString& name, Qt::ArrowType arrow, const QString
 // Only the caption turns bold: a font set on the frame would pass to its rows.
 void setCaptionBold(QGroupBox* box, bool bold)
 {
-    box->setStyleSheet(bold ? "QGroupBox { font-weight: bold; }" : QString());
+    restyle(box, bold ? "QGroupBox { font-weight: bold; }" : QString());
 }
 
 }  // namespace

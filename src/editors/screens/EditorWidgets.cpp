@@ -52,6 +52,12 @@ QString schemeStyle(int scheme, const QWidget* widget)
     return QString("background-color: %1; color: %2;").arg(background.name(), text.name());
 }
 
+void restyle(QWidget* widget, const QString& styleSheet)
+{
+    if (widget->styleSheet() != styleSheet)
+        widget->setStyleSheet(styleSheet);
+}
+
 void ClickLabel::mousePressEvent(QMouseEvent* event)
 {
     emit pressed(event->button(), event->modifiers());

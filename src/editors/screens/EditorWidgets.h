@@ -23,6 +23,10 @@ int pixelsToTwips(double pixels, double scale);
 // any other number.
 QString schemeStyle(int scheme, const QWidget* widget);
 
+// Sets a style sheet only when it differs: every setting polishes the widget
+// again, which a screen set-up would otherwise pay for on each label.
+void restyle(QWidget* widget, const QString& styleSheet);
+
 // A label that reports presses, releases and double clicks.
 class ClickLabel : public QLabel {
     Q_OBJECT

@@ -1,6 +1,7 @@
 #include "files/screens/frmMisc.h"
 
 #include "files/SysExSaving.h"
+#include "midi/SendFlows.h"
 #include "shell/AppModel.h"
 #include "shell/screens/FormLaunchers.h"
 
@@ -14,8 +15,10 @@ namespace quillon {
 
 namespace {
 
-// The dump's mode when it came from the instrument and can be saved.
+// The dump's mode when it came from the instrument and can be saved, and
+// when it came from a file and can be sent.
 constexpr int kMiscModeSave = 1;
+constexpr int kMiscModeSend = 3;
 
 QString textOf(const std::string& text) { return QString::fromStdString(text); }
 
@@ -53,12 +56,6 @@ frmMisc::frmMisc(AppModel& model, MiscDialogState& state, QWidget* parent)
     cmdSaveSend_ = new QPushButton(textOf(state_.saveSendCaption), this);
     cmdSaveSend_->setObjectName("cmdSaveSend");
     cmdSaveSend_->setAutoDefault(false);
-    if (model_.misc.mode != kMiscModeSave) {
-        // Sending goes through the MIDI output, which this window cannot
-        // reach yet.
-        cmdSaveSend_->setEnabled(false);
-        cmdSaveSend_->setToolTip("Sending to the Z1 needs a MIDI connection");
-    }
     auto* cmdDone = new QPushButton(textOf(state_.doneCaption), this);
     cmdDone->setObjectName("cmdDone");
     cmdDone->setAutoDefault(false);
@@ -83,6 +80,12 @@ void frmMisc::cmdLoadClick() { misc::doProcessLoad(model_, state_); }
 
 void frmMisc::cmdSaveSendClick()
 {
+    if (model_.misc.mode == kMiscModeSend) {
+        // A No to the question keeps the dialog open.
+        if (miscSend(model_))
+            accept();
+        return;
+    }
     if (model_.misc.mode != kMiscModeSave)
         return;
     hide();

@@ -35,6 +35,9 @@ void showSubSectionList(int which, QWidget* parent);
 // frmMisc, modal, for a file or dump of several kinds.
 void showMiscDialog(AppModel& model, MiscDialogState& state, QWidget* parent);
 
+// mnuRequest: frmRequest, modal, after the status lines are cleared.
+void showRequestDialog(AppModel& model, QWidget* parent);
+
 // frmCheck and frmCompare for the item of the current Mode.
 void showCheckForm(AppModel& model, QWidget* parent);
 void showCompareForm(AppModel& model, QWidget* parent);

@@ -7,6 +7,10 @@
 #include "files/OpenSysExFile.h"
 #include "files/SysExSaving.h"
 #include "files/UserFiles.h"
+#include "midi/MidiGlobal.h"
+#include "midi/ReceiveEngine.h"
+#include "midi/SendFlows.h"
+#include "midi/TestTone.h"
 #include "model/Kind.h"
 #include "output/CheckResults.h"
 #include "output/CompareLast.h"
@@ -204,9 +208,9 @@ void frmMain::wireCommands()
     setCommand("mnuNew", [&m] { newItem(m); });
     setCommand("mnuOpen", [this] { openFile(0); });
     setCommand("tlbMain_open", [this] { openFile(0); });
-    setCommand("mnuSave", [&m] { saveCommand(m, 1); });
-    setCommand("mnuSaveAs", [&m] { saveCommand(m, 2); });
-    setCommand("tlbMain_save", [&m] { saveCommand(m, 2); });
+    setCommand("mnuSave", [this] { saveFile(1); });
+    setCommand("mnuSaveAs", [this] { saveFile(2); });
+    setCommand("tlbMain_save", [this] { saveFile(2); });
     setCommand("mnuSaveList", [&m] { mnuSaveList(m); });
     setCommand("mnuExit", [this] { close(); });
     setCommand("mnuDumpParamList", [&m] { mnuDumpParamList(m); });
@@ -242,10 +246,41 @@ void frmMain::wireCommands()
     setCommand("mnuHelpIndex", [] { doHelpShowThis(2); });
     setCommand("mnuHelpFAQ", [&m] { openFaqPage(m); });
     setCommand("mnuAbout", [this] { showAboutDialog(this); });
+    wireMidiCommands();
+}
+
+void frmMain::wireMidiCommands()
+{
+    AppModel& m = model_;
+    setCommand("mnuListen", [&m] { mnuListen(m); });
+    setCommand("tlbMain_listen", [&m] { mnuListen(m); });
+    setCommand("mnuRequest", [this] { showRequestDialog(model_, this); });
+    setCommand("tlbMain_request", [this] { showRequestDialog(model_, this); });
+    setCommand("mnuSendActive", [&m] { doSendActive(m); });
+    setCommand("tlbMain_send", [&m] { doSendActive(m); });
+    setCommand("mnuTestTone", [&m] { mnuTestTone(m); });
+    setCommand("tlbMain_test", [&m] { mnuTestTone(m); });
+    setCommand("mnuResetInput", [&m] { mnuResetInput(m); });
+    setCommand("mnuResetOutput", [&m] { mnuResetOutput(m); });
+}
+
+void frmMain::resetMidi()
+{
+    // A Listen or request left open, or a send still playing, ends before
+    // the files are touched.
+    if (model_.midi.attached())
+        resetGlobalMIDIAll(model_);
+}
+
+void frmMain::saveFile(int how)
+{
+    resetMidi();
+    saveCommand(model_, how);
 }
 
 void frmMain::openFile(int recentIndex)
 {
+    resetMidi();
     OpenFileSurroundings surroundings;
     surroundings.showMiscDialog = [this](AppModel& model, MiscDialogState& state) {
         showMiscDialog(model, state, this);
@@ -287,6 +322,9 @@ void frmMain::refreshSendMenu()
 {
     QAction* send = action("mnuSendActive");
     send->setText(QString::fromStdString(model_.sendMenuCaption));
+    // Send and Test Tone need something loaded to send.
+    send->setEnabled(model_.sendMenuEnabled);
+    action("mnuTestTone")->setEnabled(model_.sendMenuEnabled);
 }
 
 void frmMain::refreshRecentFiles()
@@ -321,6 +359,7 @@ void frmMain::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    resetMidi();
     shutDown(model_);
     event->accept();
     // Every other form of the program goes with the main form.

@@ -42,11 +42,14 @@ private:
     void buildToolbar();
     void buildCentre();
     void wireCommands();
+    void wireMidiCommands();
     void setCommand(const QString& name, std::function<void()> command);
     void refreshLabels();
     void refreshSendMenu();
     void refreshRecentFiles();
     void openFile(int recentIndex);
+    void saveFile(int how);
+    void resetMidi();
 
     AppModel& model_;
     QtHost& host_;

@@ -1,6 +1,7 @@
 #include "shell/screens/frmSettings.h"
 
 #include "files/SuggestedNames.h"
+#include "midi/screens/MidiSystemAccess.h"
 #include "model/ValueDecoder.h"
 #include "shell/AppModel.h"
 #include "shell/SettingsRules.h"
@@ -199,19 +200,20 @@ void frmSettings::buildMidi(QWidget* frame)
     column->addLayout(row);
     column->addStretch(1);
     const auto addPort = [&](const char* frameName, const char* caption, const char* deviceName,
-                             const char* deviceCaption, int* device, const char* channelName,
+                             const char* deviceCaption, const std::vector<std::string>& names, int* device,
+                             void (*chooseDevice)(AppModel&, int), const char* channelName,
                              const char* channelCaption, int* channel) {
         auto* group = new QGroupBox(caption, frame);
         group->setObjectName(frameName);
         auto* grid = new QGridLayout(group);
-        // The devices of the MIDI layer are listed once it is there.
+        // The devices of the MIDI system by their numbers; a choice opens
+        // the device at once.
         QComboBox* devices = addCombo(group, grid, 0, deviceName, deviceCaption);
         devices->setMinimumContentsLength(16);
+        for (const std::string& name : names)
+            devices->addItem(text(name));
         setIndexQuietly(devices, *device);
-        onIndex(devices, [this, device](int n) {
-            *device = n;
-            settingsChanged();
-        });
+        onIndex(devices, [this, chooseDevice](int n) { chooseDevice(model_, n); });
         QComboBox* channels = addCombo(group, grid, 1, channelName, channelCaption);
         for (int c = 1; c <= kChannels; ++c)
             channels->addItem(QString::number(c));
@@ -222,10 +224,22 @@ void frmSettings::buildMidi(QWidget* frame)
         });
         row->addWidget(group, 1);
     };
-    addPort("fraInput", "Input", "cmbInpDev", "Input device", &s.inputDevice, "cmbInpCha", "Input channel",
-            &s.inputChannel);
-    addPort("fraOutput", "Output", "cmbOutDev", "Output device", &s.outputDevice, "cmbOutCha", "Output channel",
-            &s.outputChannel);
+    addPort("fraInput", "Input", "cmbInpDev", "Input device", midiInputDevices(), &s.inputDevice,
+            chooseMidiInputDevice, "cmbInpCha", "Input channel", &s.inputChannel);
+    addPort("fraOutput", "Output", "cmbOutDev", "Output device", midiOutputDevices(), &s.outputDevice,
+            chooseMidiOutputDevice, "cmbOutCha", "Output channel", &s.outputChannel);
+
+    // How fast SysEx goes out, kept in the per-user store rather than the
+    // settings file.
+    auto* pace = new QGridLayout;
+    column->insertLayout(1, pace);
+    QComboBox* rate = addCombo(frame, pace, 0, "cmbSysExRate", "SysEx rate (bytes per second)");
+    const std::span<const int> rates = sysExRateChoices();
+    for (int r : rates)
+        rate->addItem(text(sysExRateCaption(r)));
+    setIndexQuietly(rate, static_cast<int>(std::find(rates.begin(), rates.end(), storedSysExRate(model_.store())) -
+                                           rates.begin()));
+    onIndex(rate, [this, rates](int n) { chooseSysExRate(model_, rates[static_cast<std::size_t>(n)]); });
 }
 
 void frmSettings::buildTestTone(QWidget* frame)

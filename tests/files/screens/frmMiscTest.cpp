@@ -143,16 +143,6 @@ TEST_F(frmMiscForm, GlobalDumpOffersOnlyToBeSavedOrSent)
     EXPECT_EQ(child<QPushButton>(form, "cmdSaveSend")->text(), "Save Global");
 }
 
-TEST_F(frmMiscForm, SendModeWaitsForAMidiConnection)
-{
-    holdDump(allDataMessage(ByteImage(kAllDataImageBytes, 0)), 3);
-    frmMisc form(model, state);
-    auto* button = child<QPushButton>(form, "cmdSaveSend");
-    EXPECT_EQ(button->text(), "Send All Data to Z1");
-    EXPECT_FALSE(button->isEnabled());
-    EXPECT_TRUE(button->toolTip().contains("MIDI connection"));
-}
-
 TEST_F(frmMiscForm, SaveWritesTheDumpAndClosesTheDialog)
 {
     holdDump(allDataMessage(countingImage(kAllDataImageBytes)), 1);

@@ -187,8 +187,6 @@ TEST(frmMain, CommandsNotBuiltYetArePresentAndDisabled)
 {
     MainWindow w;
     EXPECT_FALSE(w.action("mnuImportToBank")->isEnabled());
-    EXPECT_FALSE(w.action("mnuSendActive")->isEnabled());
-    EXPECT_FALSE(w.action("tlbMain_listen")->isEnabled());
     EXPECT_TRUE(w.action("mnuOpen")->isEnabled());
     EXPECT_TRUE(w.action("tlbMain_save")->isEnabled());
 }

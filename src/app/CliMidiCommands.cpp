@@ -1,0 +1,275 @@
+#include "app/CliCommands.h"
+
+#include "app/CliMidi.h"
+#include "app/CliSession.h"
+#include "files/SysExSaving.h"
+#include "midi/MidiGlobal.h"
+#include "midi/ReceiveEngine.h"
+#include "midi/SendFlows.h"
+#include "model/Kind.h"
+
+#include <array>
+#include <chrono>
+#include <filesystem>
+#include <string_view>
+
+namespace quillon {
+
+namespace {
+
+// The items of the Request dialog as the command names them: the dialog's
+// index, the Kind that takes the answer, and the blocks that answer it (a
+// bank may come inside an All Program dump).
+struct RequestItem {
+    std::string_view word;
+    int index;
+    int kind;
+    std::array<int, 2> answers;
+};
+
+constexpr int kBlockAllProgram = 2;
+constexpr RequestItem kRequestItems[] = {
+    {"patch", 0, kPatch, {4, 4}},
+    {"bank-a", 1, kPatchBankA, {3, kBlockAllProgram}},
+    {"bank-b", 2, kPatchBankB, {3, kBlockAllProgram}},
+    {"multi", 3, kMultiset, {7, 7}},
+    {"multibank-a", 4, kMultiBankA, {6, 6}},
+    {"multibank-b", 5, kMultiBankB, {6, 6}},
+    {"pattern", 6, kPattern, {9, 9}},
+    {"pattern-bank", 7, kArpBank, {8, 8}},
+};
+
+const RequestItem* findRequestItem(const std::string& word)
+{
+    for (const RequestItem& item : kRequestItems) {
+        if (item.word == word)
+            return &item;
+    }
+    return nullptr;
+}
+
+void writeDevices(std::ostream& out, std::string_view heading, const std::vector<std::string>& devices)
+{
+    out << heading << ":\n";
+    if (devices.empty())
+        out << "  (none)\n";
+    for (std::size_t i = 0; i < devices.size(); ++i)
+        out << "  " << i << "  " << devices[i] << '\n';
+}
+
+// Opens the MIDI system, chooses the devices and runs the start-up of the
+// ports, as the program does before its first send or request. Returns 0 or
+// the exit code, with the reason written to err.
+int prepareMidi(CliSession& session, CliMidi& midi, const MidiCommandOptions& options, bool needInput,
+                std::ostream& err)
+{
+    std::string error;
+    if (!midi.open(options.rate, error)) {
+        err << error << '\n';
+        return kExitBadData;
+    }
+    AppModel& model = session.model();
+    const auto output = CliMidi::findDevice(midi.system().outputDevices(), options.outDevice);
+    if (!output) {
+        err << "no MIDI output device " << options.outDevice << " (see quillon-cli ports)\n";
+        return kExitUsage;
+    }
+    model.settings.outputDevice = *output;
+    if (needInput) {
+        const auto input = CliMidi::findDevice(midi.system().inputDevices(), options.inDevice);
+        if (!input) {
+            err << "no MIDI input device " << options.inDevice << " (see quillon-cli ports)\n";
+            return kExitUsage;
+        }
+        model.settings.inputDevice = *input;
+    }
+    model.settings.outputChannel = options.channel;
+    if (!doInitMIDI(model)) {
+        err << session.host().firstProblem() << '\n';
+        return kExitBadData;
+    }
+    return kExitOk;
+}
+
+// The last text of lblStatus, or empty.
+const std::pair<std::string, StatusColour>* lastStatus(const CliHost& host)
+{
+    return host.statuses.empty() ? nullptr : &host.statuses.back();
+}
+
+// The block that the receive engine said it took, from its "Received ...
+// data" line; 0 when there is none.
+int receivedBlock(const CliHost& host)
+{
+    for (auto s = host.statuses.rbegin(); s != host.statuses.rend(); ++s) {
+        for (int block = 1; block <= 11; ++block) {
+            if (s->first == "Received " + std::string(receivedBlockName(block)) + " data")
+                return block;
+        }
+    }
+    return 0;
+}
+
+// Sets the screen that shows the Kind an opened file went to, so that Send
+// takes that item.
+void showKind(AppModel& model, int kind)
+{
+    model.multiMode = 0;
+    model.arpMode = 0;
+    switch (kind) {
+    case kPatch: model.mode = 1; break;
+    case kPatchBankA:
+    case kPatchBankB:
+        model.mode = kind;
+        model.bankTarget = kind;
+        break;
+    case kMultiset: model.mode = 4; break;
+    case kMultiBankA:
+    case kMultiBankB:
+        model.mode = 4;
+        model.multiBankTarget = kind;
+        model.multiMode = kind == kMultiBankA ? 1 : 2;
+        break;
+    case kPattern: model.mode = 5; break;
+    case kArpBank:
+        model.mode = 5;
+        model.arpMode = 1;
+        break;
+    default: break;
+    }
+}
+
+std::chrono::milliseconds seconds(int count) { return std::chrono::milliseconds(1000LL * count); }
+
+}  // namespace
+
+int runPorts(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
+{
+    if (!args.empty()) {
+        err << "usage: quillon-cli ports\n";
+        return kExitUsage;
+    }
+    CliSession session;
+    CliMidi midi(session);
+    std::string error;
+    if (!midi.open(kCableSysExRate, error)) {
+        err << error << '\n';
+        return kExitBadData;
+    }
+    out << "MIDI system: " << midiApiName(midi.system().api()) << '\n';
+    writeDevices(out, "Input devices", midi.system().inputDevices());
+    writeDevices(out, "Output devices", midi.system().outputDevices());
+    return kExitOk;
+}
+
+int runRequest(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
+{
+    MidiCommandOptions options;
+    std::string error;
+    const RequestItem* item = nullptr;
+    if (!parseMidiOptions(args, options, error) || options.positional.size() != 1 || !options.outFile ||
+        options.yes || (item = findRequestItem(options.positional[0])) == nullptr) {
+        if (!error.empty())
+            err << error << '\n';
+        err << "usage: quillon-cli request patch|bank-a|bank-b|multi|multibank-a|multibank-b|pattern|pattern-bank"
+               " --out FILE [--in N] [--out-port N] [--channel C] [--timeout S]\n";
+        return kExitUsage;
+    }
+    CliSession session;
+    CliMidi midi(session);
+    if (const int code = prepareMidi(session, midi, options, true, err); code != kExitOk)
+        return code;
+    AppModel& model = session.model();
+    CliHost& host = session.host();
+    host.messages.clear();
+
+    doSendRequest(model, item->index);
+    const bool answered = midi.runUntil([&model] { return model.midi.requestPending == 0; },
+                                        seconds(options.timeoutSeconds));
+    resetGlobalMIDIAll(model);
+    if (!answered) {
+        err << "no answer from the instrument within " << options.timeoutSeconds << " seconds\n";
+        return kExitBadData;
+    }
+    if (const std::string problem = host.firstProblem(); !problem.empty()) {
+        err << problem << '\n';
+        return kExitBadData;
+    }
+    const int block = receivedBlock(host);
+    if (block != item->answers[0] && block != item->answers[1]) {
+        err << "the instrument answered with " << (block == 0 ? "nothing usable" : receivedBlockName(block))
+            << ", not " << requestCaption(item->index) << '\n';
+        return kExitBadData;
+    }
+    host.savePath = *options.outFile;
+    if (!saveKind(model, item->kind, 2) || !std::filesystem::exists(*options.outFile)) {
+        err << "could not save " << *options.outFile;
+        if (const std::string problem = host.firstProblem(); !problem.empty())
+            err << ": " << problem;
+        err << '\n';
+        return kExitBadData;
+    }
+    out << requestCaption(item->index) << ": received " << receivedBlockName(block) << " data, saved to "
+        << *options.outFile << '\n';
+    return kExitOk;
+}
+
+int runSend(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
+{
+    MidiCommandOptions options;
+    std::string error;
+    if (!parseMidiOptions(args, options, error) || options.positional.size() != 1 || options.outFile) {
+        if (!error.empty())
+            err << error << '\n';
+        err << "usage: quillon-cli send FILE [--out-port N] [--channel C] [--yes] [--timeout S]\n";
+        return kExitUsage;
+    }
+    const std::string& path = options.positional[0];
+    CliSession session;
+    const auto kind = session.open(path, error);
+    if (!kind) {
+        err << error << '\n';
+        return std::filesystem::exists(path) ? kExitBadData : kExitUsage;
+    }
+    CliMidi midi(session);
+    if (const int code = prepareMidi(session, midi, options, false, err); code != kExitOk)
+        return code;
+    AppModel& model = session.model();
+    CliHost& host = session.host();
+    host.messages.clear();
+    host.statuses.clear();
+    host.refuseQuestions = !options.yes;
+
+    if (*kind == kOtherDump)
+        miscSend(model);
+    else {
+        showKind(model, *kind);
+        doSendActive(model);
+    }
+    if (!host.refused.empty()) {
+        const MessageRequest& question = host.refused.front();
+        err << question.title << ": " << question.text << "\n(give --yes to send)\n";
+        return kExitBadData;
+    }
+    if (const std::string problem = host.firstProblem(); !problem.empty()) {
+        err << problem << '\n';
+        return kExitBadData;
+    }
+    const auto ended = [&host] {
+        const auto* status = lastStatus(host);
+        return status != nullptr && status->second != StatusColour::Busy;
+    };
+    if (!midi.runUntil(ended, seconds(options.timeoutSeconds))) {
+        err << "the send did not end within " << options.timeoutSeconds << " seconds\n";
+        return kExitBadData;
+    }
+    const auto& [text, colour] = *lastStatus(host);
+    if (colour == StatusColour::Error) {
+        err << text << '\n';
+        return kExitBadData;
+    }
+    out << text << '\n';
+    return kExitOk;
+}
+
+}  // namespace quillon

@@ -1,0 +1,324 @@
+#include "midi/backends/RtMidiInputPort.h"
+
+#include "midi/backends/EventPump.h"
+#include "midi/backends/RtMidiOutputPort.h"
+
+#include <rtmidi/RtMidi.h>
+
+#include <algorithm>
+
+namespace quillon {
+
+namespace {
+
+constexpr std::uint8_t kSysExStart = 0xF0;
+constexpr std::uint8_t kSysExEnd = 0xF7;
+constexpr std::uint8_t kFirstRealTime = 0xF8;
+
+// The smallest buffer RtMidi is given: its own default.
+constexpr int kLayerBufferFloor = 1024;
+constexpr int kLayerBufferCount = 4;
+
+}  // namespace
+
+std::vector<std::vector<std::uint8_t>> MidiMessageJoiner::take(const std::uint8_t* bytes, std::size_t size)
+{
+    std::vector<std::vector<std::uint8_t>> whole;
+    const std::uint8_t* at = bytes;
+    const std::uint8_t* const end = bytes + size;
+    const auto isData = [](std::uint8_t b) { return b < 0x80; };
+    while (at != end) {
+        const std::uint8_t b = *at;
+        // Clock and active sensing may fall anywhere, even inside a SysEx
+        // message; they are whole messages of their own.
+        if (b >= kFirstRealTime) {
+            whole.push_back({b});
+            ++at;
+            continue;
+        }
+        if (inSysEx_) {
+            if (isData(b)) {
+                const std::uint8_t* run = std::find_if_not(at, end, isData);
+                append(at, static_cast<std::size_t>(run - at));
+                at = run;
+                continue;
+            }
+            if (b == kSysExEnd) {
+                append(at, 1);
+                ++at;
+                if (!tooLong_)
+                    whole.push_back(std::move(sysEx_));
+                clear();
+                continue;
+            }
+            // Any other status ends the message before its F7: a sender cut
+            // short. What came of it is lost; the status counts afresh.
+            clear();
+            continue;
+        }
+        if (b == kSysExStart) {
+            clear();
+            inSysEx_ = true;
+            append(at, 1);
+            ++at;
+            continue;
+        }
+        if (isData(b) || b == kSysExEnd) {
+            // A part of a message whose start was not seen.
+            ++at;
+            continue;
+        }
+        // A short message: its status and the data bytes behind it.
+        const std::uint8_t* run = std::find_if_not(at + 1, end, isData);
+        if (static_cast<std::size_t>(run - at) <= limit_)
+            whole.emplace_back(at, run);
+        at = run;
+    }
+    return whole;
+}
+
+void MidiMessageJoiner::append(const std::uint8_t* bytes, std::size_t size)
+{
+    if (tooLong_ || sysEx_.size() + size > limit_) {
+        tooLong_ = true;
+        sysEx_.clear();
+        return;
+    }
+    sysEx_.insert(sysEx_.end(), bytes, bytes + size);
+}
+
+void MidiMessageJoiner::clear()
+{
+    sysEx_.clear();
+    inSysEx_ = false;
+    tooLong_ = false;
+}
+
+RtMidiInputPort::RtMidiInputPort(MidiApi api, const std::string& clientName, EventPump& pump)
+    : pump_(pump), shared_(std::make_shared<Shared>())
+{
+    const auto rtApi = static_cast<RtMidi::Api>(rtMidiApiNumber(api));
+    try {
+        in_ = std::make_unique<RtMidiIn>(rtApi, clientName);
+    } catch (const RtMidiError& error) {
+        throw MidiError(rtMidiErrorCode(error.getType()), error.getMessage());
+    }
+    in_->setErrorCallback(
+        [](RtMidiError::Type type, const std::string& text, void* self) {
+            static_cast<RtMidiInputPort*>(self)->onRtMidiError(type, text);
+        },
+        this);
+    opening_ = true;
+    in_->getPortCount();
+    opening_ = false;
+    if (!openError_.empty())
+        throw MidiError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR), openError_);
+    joiner_.setLimit(static_cast<std::size_t>(bufferSize_));
+    // SysEx in; clock, time code and active sensing stay out at the layer.
+    in_->ignoreTypes(false, true, true);
+    in_->setCallback(
+        [](double, std::vector<unsigned char>* message, void* self) {
+            static_cast<RtMidiInputPort*>(self)->takeBytes(message->data(), message->size());
+        },
+        this);
+}
+
+RtMidiInputPort::~RtMidiInputPort()
+{
+    {
+        std::lock_guard lock(mutex_);
+        started_ = false;
+    }
+    in_->closePort();
+    // Events still waiting in the pump find the port gone.
+    shared_.reset();
+}
+
+void RtMidiInputPort::setEvents(MidiInputEvents* events) { shared_->events = events; }
+
+int RtMidiInputPort::state() const
+{
+    if (!open_)
+        return kPortClosed;
+    std::lock_guard lock(mutex_);
+    return started_ ? kPortBusy : kPortOpen;
+}
+
+std::vector<std::uint8_t> RtMidiInputPort::messageText() const
+{
+    if (waiting_.empty())
+        return {};
+    return waiting_.front();
+}
+
+void RtMidiInputPort::setBufferSize(int bytes)
+{
+    std::lock_guard lock(mutex_);
+    bufferSize_ = std::max(0, bytes);
+    joiner_.setLimit(static_cast<std::size_t>(bufferSize_));
+}
+
+std::vector<std::string> RtMidiInputPort::deviceNames() const
+{
+    std::vector<std::string> names;
+    const unsigned count = in_->getPortCount();
+    for (unsigned i = 0; i < count; ++i)
+        names.push_back(in_->getPortName(i));
+    return names;
+}
+
+void RtMidiInputPort::setDevice(int device)
+{
+    if (in_->getPortCount() == 0)
+        throw MidiError(rtMidiErrorCode(RtMidiError::NO_DEVICES_FOUND), "No MIDI input device was found");
+    device_ = device;
+}
+
+void RtMidiInputPort::setFilter(int status, bool filtered)
+{
+    if (status < 0 || status > 255)
+        return;
+    std::lock_guard lock(mutex_);
+    filtered_[static_cast<std::size_t>(status)] = filtered;
+}
+
+bool RtMidiInputPort::filter(int status) const
+{
+    if (status < 0 || status > 255)
+        return false;
+    std::lock_guard lock(mutex_);
+    return filtered_[static_cast<std::size_t>(status)];
+}
+
+void RtMidiInputPort::prepareOpening()
+{
+    // RtMidi takes its buffer size only before a port opens; the layers
+    // that need one (WinMM) then take a whole dump in one buffer.
+    int bytes = 0;
+    {
+        std::lock_guard lock(mutex_);
+        bytes = bufferSize_;
+    }
+    in_->setBufferSize(static_cast<unsigned>(std::max(bytes, kLayerBufferFloor)), kLayerBufferCount);
+    openError_.clear();
+}
+
+void RtMidiInputPort::open()
+{
+    if (open_)
+        return;
+    const unsigned count = in_->getPortCount();
+    if (device_ < 0 || static_cast<unsigned>(device_) >= count) {
+        postError(rtMidiErrorCode(RtMidiError::INVALID_DEVICE),
+                  "MIDI input device " + std::to_string(device_) + " is not there");
+        return;
+    }
+    prepareOpening();
+    opening_ = true;
+    in_->openPort(static_cast<unsigned>(device_), "midi");
+    opening_ = false;
+    if (!in_->isPortOpen()) {
+        postError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR),
+                  openError_.empty() ? "MIDI input device " + std::to_string(device_) + " cannot be opened"
+                                     : openError_);
+        return;
+    }
+    open_ = true;
+}
+
+void RtMidiInputPort::openVirtual(const std::string& portName)
+{
+    prepareOpening();
+    opening_ = true;
+    in_->openVirtualPort(portName);
+    opening_ = false;
+    if (!openError_.empty())
+        throw MidiError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR), openError_);
+    open_ = true;
+}
+
+void RtMidiInputPort::close()
+{
+    stopInput();
+    if (!open_)
+        return;
+    open_ = false;
+    in_->closePort();
+}
+
+void RtMidiInputPort::start()
+{
+    if (!open_) {
+        postError(rtMidiErrorCode(RtMidiError::INVALID_USE), "The MIDI input is not open");
+        return;
+    }
+    std::lock_guard lock(mutex_);
+    started_ = true;
+}
+
+void RtMidiInputPort::reset() { stopInput(); }
+
+void RtMidiInputPort::stopInput()
+{
+    {
+        std::lock_guard lock(mutex_);
+        started_ = false;
+        joiner_.clear();
+        ++shared_->generation;
+    }
+    waiting_.clear();
+}
+
+void RtMidiInputPort::next()
+{
+    if (!waiting_.empty())
+        waiting_.pop_front();
+}
+
+void RtMidiInputPort::takeBytes(const std::uint8_t* bytes, std::size_t size)
+{
+    std::lock_guard lock(mutex_);
+    if (!started_) {
+        joiner_.clear();
+        return;
+    }
+    for (auto& message : joiner_.take(bytes, size)) {
+        if (filtered_[message.front()])
+            continue;
+        pump_.post([this, shared = std::weak_ptr<Shared>(shared_), generation = shared_->generation.load(),
+                    message = std::move(message)]() mutable {
+            auto alive = shared.lock();
+            if (!alive || alive->generation != generation)
+                return;
+            arrive(std::move(message));
+        });
+    }
+}
+
+void RtMidiInputPort::arrive(std::vector<std::uint8_t> message)
+{
+    waiting_.push_back(std::move(message));
+    if (MidiInputEvents* events = shared_->events)
+        events->inputMessage();
+}
+
+void RtMidiInputPort::onRtMidiError(int type, const std::string& text)
+{
+    if (opening_) {
+        if (type != RtMidiError::DEBUG_WARNING)
+            openError_ = text;
+        return;
+    }
+    postError(rtMidiErrorCode(type), text);
+}
+
+void RtMidiInputPort::postError(int code, const std::string& text)
+{
+    pump_.post([shared = std::weak_ptr<Shared>(shared_), code, text] {
+        if (auto alive = shared.lock())
+            if (MidiInputEvents* events = alive->events)
+                events->inputError(code, text);
+    });
+}
+
+}  // namespace quillon

@@ -1,0 +1,317 @@
+#include "midi/backends/RtMidiOutputPort.h"
+
+#include "midi/backends/EventPump.h"
+
+#include <rtmidi/RtMidi.h>
+
+#include <algorithm>
+
+namespace quillon {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// A piece that starts this late after its due time is taken as sent on
+// time: the worker's wake-up delay must not add up over the pieces of a
+// bank.
+constexpr auto kOnTime = std::chrono::milliseconds(5);
+
+bool isTwoByteStatus(int status)
+{
+    const int kind = status & 0xF0;
+    return kind == 0xC0 || kind == 0xD0;
+}
+
+}  // namespace
+
+int rtMidiErrorCode(int rtMidiErrorType)
+{
+    if (rtMidiErrorType == RtMidiError::WARNING || rtMidiErrorType == RtMidiError::DEBUG_WARNING)
+        return 0;
+    return kRtMidiErrorBase + rtMidiErrorType;
+}
+
+int rtMidiApiNumber(MidiApi api)
+{
+    RtMidi::Api wanted = RtMidi::UNSPECIFIED;
+    switch (api) {
+    case MidiApi::Alsa: wanted = RtMidi::LINUX_ALSA; break;
+    case MidiApi::Jack: wanted = RtMidi::UNIX_JACK; break;
+    case MidiApi::CoreMidi: wanted = RtMidi::MACOSX_CORE; break;
+    case MidiApi::WinMm: wanted = RtMidi::WINDOWS_MM; break;
+    case MidiApi::Sim: break;
+    }
+    std::vector<RtMidi::Api> compiled;
+    RtMidi::getCompiledApi(compiled);
+    if (wanted == RtMidi::UNSPECIFIED || std::find(compiled.begin(), compiled.end(), wanted) == compiled.end())
+        throw MidiError(rtMidiErrorCode(RtMidiError::INVALID_PARAMETER),
+                        "The MIDI system " + std::string(midiApiName(api)) + " is not available in RtMidi");
+    return wanted;
+}
+
+RtMidiOutputPort::RtMidiOutputPort(MidiApi api, const std::string& clientName, EventPump& pump)
+    : pump_(pump), shared_(std::make_shared<Shared>())
+{
+    const auto rtApi = static_cast<RtMidi::Api>(rtMidiApiNumber(api));
+    try {
+        out_ = std::make_unique<RtMidiOut>(rtApi, clientName);
+    } catch (const RtMidiError& error) {
+        throw MidiError(rtMidiErrorCode(error.getType()), error.getMessage());
+    }
+    out_->setErrorCallback(
+        [](RtMidiError::Type type, const std::string& text, void* self) {
+            static_cast<RtMidiOutputPort*>(self)->onRtMidiError(type, text);
+        },
+        this);
+    // Some layers (JACK without a server) only warn when they cannot start:
+    // asking for the devices shows whether the layer works.
+    opening_ = true;
+    out_->getPortCount();
+    opening_ = false;
+    if (!openError_.empty())
+        throw MidiError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR), openError_);
+    worker_ = std::thread([this] { workerLoop(); });
+}
+
+RtMidiOutputPort::~RtMidiOutputPort()
+{
+    shared_->events = nullptr;
+    {
+        std::lock_guard lock(mutex_);
+        stopping_ = true;
+        queue_.clear();
+    }
+    wake_.notify_all();
+    worker_.join();
+    std::lock_guard sending(sendMutex_);
+    out_->closePort();
+}
+
+void RtMidiOutputPort::setEvents(MidiOutputEvents* events) { shared_->events = events; }
+
+int RtMidiOutputPort::state() const
+{
+    std::lock_guard lock(mutex_);
+    if (!open_)
+        return kPortClosed;
+    return playing_ ? kPortBusy : kPortOpen;
+}
+
+std::vector<std::string> RtMidiOutputPort::deviceNames() const
+{
+    std::vector<std::string> names;
+    const unsigned count = out_->getPortCount();
+    for (unsigned i = 0; i < count; ++i)
+        names.push_back(out_->getPortName(i));
+    return names;
+}
+
+void RtMidiOutputPort::setDevice(int device)
+{
+    if (out_->getPortCount() == 0)
+        throw MidiError(rtMidiErrorCode(RtMidiError::NO_DEVICES_FOUND), "No MIDI output device was found");
+    device_ = device;
+}
+
+void RtMidiOutputPort::open()
+{
+    if (state() != kPortClosed)
+        return;
+    const unsigned count = out_->getPortCount();
+    if (device_ < 0 || static_cast<unsigned>(device_) >= count) {
+        postError(rtMidiErrorCode(RtMidiError::INVALID_DEVICE),
+                  "MIDI output device " + std::to_string(device_) + " is not there");
+        return;
+    }
+    {
+        std::lock_guard sending(sendMutex_);
+        openError_.clear();
+        opening_ = true;
+        out_->openPort(static_cast<unsigned>(device_), "midi");
+        opening_ = false;
+    }
+    if (!out_->isPortOpen()) {
+        postError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR),
+                  openError_.empty() ? "MIDI output device " + std::to_string(device_) + " cannot be opened"
+                                     : openError_);
+        return;
+    }
+    std::lock_guard lock(mutex_);
+    open_ = true;
+}
+
+void RtMidiOutputPort::openVirtual(const std::string& portName)
+{
+    {
+        std::lock_guard sending(sendMutex_);
+        openError_.clear();
+        opening_ = true;
+        out_->openVirtualPort(portName);
+        opening_ = false;
+    }
+    if (!openError_.empty())
+        throw MidiError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR), openError_);
+    std::lock_guard lock(mutex_);
+    open_ = true;
+}
+
+void RtMidiOutputPort::close()
+{
+    stopOutput();
+    {
+        std::lock_guard lock(mutex_);
+        if (!open_)
+            return;
+        open_ = false;
+    }
+    std::lock_guard sending(sendMutex_);
+    out_->closePort();
+}
+
+void RtMidiOutputPort::start()
+{
+    {
+        std::lock_guard lock(mutex_);
+        if (open_) {
+            playing_ = true;
+            wake_.notify_all();
+            return;
+        }
+    }
+    postError(rtMidiErrorCode(RtMidiError::INVALID_USE), "The MIDI output is not open");
+}
+
+void RtMidiOutputPort::reset() { stopOutput(); }
+
+void RtMidiOutputPort::stopOutput()
+{
+    std::lock_guard lock(mutex_);
+    queue_.clear();
+    playing_ = false;
+    ++shared_->generation;
+    wake_.notify_all();
+}
+
+void RtMidiOutputPort::queue()
+{
+    std::lock_guard lock(mutex_);
+    // A text longer than a piece is cut here, so that no layer is handed
+    // more than it can carry in one call.
+    for (std::size_t at = 0; at < text_.size(); at += kMaxSysExPiece) {
+        const auto end = std::min(text_.size(), at + kMaxSysExPiece);
+        queue_.push_back(Item{{text_.begin() + static_cast<std::ptrdiff_t>(at),
+                               text_.begin() + static_cast<std::ptrdiff_t>(end)}});
+    }
+    wake_.notify_all();
+}
+
+void RtMidiOutputPort::sendShort()
+{
+    std::vector<std::uint8_t> bytes{static_cast<std::uint8_t>(messageType_ & 0xFF),
+                                    static_cast<std::uint8_t>(data1_ & 0x7F)};
+    if (!isTwoByteStatus(messageType_))
+        bytes.push_back(static_cast<std::uint8_t>(data2_ & 0x7F));
+    {
+        std::unique_lock lock(mutex_);
+        if (!open_) {
+            lock.unlock();
+            postError(rtMidiErrorCode(RtMidiError::INVALID_USE), "The MIDI output is not open");
+            return;
+        }
+        // While a queue plays, the note waits its turn behind it.
+        if (playing_) {
+            queue_.push_back(Item{std::move(bytes), true});
+            wake_.notify_all();
+            return;
+        }
+    }
+    send(bytes);
+}
+
+void RtMidiOutputPort::setSysExRate(int bytesPerSecond) { rate_ = std::max(1, bytesPerSecond); }
+
+void RtMidiOutputPort::send(const std::vector<std::uint8_t>& bytes)
+{
+    std::lock_guard sending(sendMutex_);
+    out_->sendMessage(bytes.data(), bytes.size());
+}
+
+void RtMidiOutputPort::workerLoop()
+{
+    std::unique_lock lock(mutex_);
+    // When the next piece may start: the previous one's start plus its
+    // bytes at the rate.
+    auto due = Clock::now();
+    for (;;) {
+        wake_.wait(lock, [this] { return stopping_ || playing_; });
+        if (stopping_)
+            return;
+        const std::uint64_t generation = shared_->generation;
+        const auto moved = [&] { return stopping_ || shared_->generation != generation; };
+        if (queue_.empty()) {
+            // The last piece is still on its way over the cable: done is
+            // told when its time is over.
+            wake_.wait_until(lock, due, [&] { return moved() || !queue_.empty(); });
+            if (stopping_)
+                return;
+            if (moved() || !queue_.empty())
+                continue;
+            playing_ = false;
+            postDone(generation);
+            continue;
+        }
+        wake_.wait_until(lock, due, moved);
+        if (stopping_)
+            return;
+        if (moved())
+            continue;
+        Item item = std::move(queue_.front());
+        queue_.pop_front();
+        lock.unlock();
+        const auto now = Clock::now();
+        const auto begun = now - due < kOnTime ? due : now;
+        {
+            // A reset between taking the piece and sending it drops it.
+            std::lock_guard sending(sendMutex_);
+            if (shared_->generation == generation)
+                out_->sendMessage(item.bytes.data(), item.bytes.size());
+        }
+        due = begun + std::chrono::duration_cast<Clock::duration>(
+                          std::chrono::duration<double>(static_cast<double>(item.bytes.size()) / rate_.load()));
+        lock.lock();
+    }
+}
+
+void RtMidiOutputPort::onRtMidiError(int type, const std::string& text)
+{
+    if (opening_) {
+        // Opening reports by its result; keep the layer's words for it.
+        if (type != RtMidiError::DEBUG_WARNING)
+            openError_ = text;
+        return;
+    }
+    postError(rtMidiErrorCode(type), text);
+}
+
+void RtMidiOutputPort::postError(int code, const std::string& text)
+{
+    pump_.post([shared = std::weak_ptr<Shared>(shared_), code, text] {
+        if (auto alive = shared.lock())
+            if (MidiOutputEvents* events = alive->events)
+                events->outputError(code, text);
+    });
+}
+
+void RtMidiOutputPort::postDone(std::uint64_t generation)
+{
+    pump_.post([shared = std::weak_ptr<Shared>(shared_), generation] {
+        // A reset or a close since the queue ran out means the owner no
+        // longer waits for this end.
+        if (auto alive = shared.lock())
+            if (MidiOutputEvents* events = alive->events; events != nullptr && alive->generation == generation)
+                events->outputDone();
+    });
+}
+
+}  // namespace quillon
