@@ -140,23 +140,6 @@ std::optional<Options> parseArguments(const std::vector<std::string>& args)
     return options;
 }
 
-// The SysEx messages of a file, F0 to F7 each.
-std::vector<SysExMessage> messagesOf(const std::vector<std::uint8_t>& bytes)
-{
-    std::vector<SysExMessage> messages;
-    std::size_t start = bytes.size();
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        if (bytes[i] == 0xF0)
-            start = i;
-        else if (bytes[i] == 0xF7 && start < i) {
-            messages.emplace_back(bytes.begin() + static_cast<std::ptrdiff_t>(start),
-                                  bytes.begin() + static_cast<std::ptrdiff_t>(i) + 1);
-            start = bytes.size();
-        }
-    }
-    return messages;
-}
-
 // The request among the eight that a message is, if any.
 std::optional<std::size_t> requestIndex(const SysExMessage& message, int channel)
 {
@@ -225,7 +208,7 @@ public:
         }
         const std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), {}};
         int taken = 0;
-        for (const auto& message : messagesOf(bytes)) {
+        for (const auto& message : splitSysExMessages(bytes)) {
             if (z1_.load(message)) {
                 ++taken;
                 std::cout << "loaded " << dumpName(message) << " " << message.size() << " bytes from " << path

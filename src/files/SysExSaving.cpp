@@ -60,14 +60,7 @@ std::string suggestedName(const AppModel& model, int kind)
 
 void informRefusal(AppModel& model, const std::string& title, const std::string& text)
 {
-    MessageRequest request;
-    request.title = title;
-    request.text = text;
-    request.icon = MessageIcon::Information;
-    request.buttons = MessageButtons::Ok;
-    request.help = true;
-    request.helpContext = kSaveHelpContext;
-    model.host().showMessage(request);
+    showInformation(model.host(), title, text, kSaveHelpContext);
 }
 
 // The save dialog; moves the work folder to where the user chose to save.

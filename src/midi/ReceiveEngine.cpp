@@ -336,11 +336,11 @@ void doExtractAllProgramBank(AppModel& model, int kind)
     if (kind != kPatchBankA && kind != kPatchBankB)
         return;
     const int index = kind - kPatchBankA;
-    const std::string letter = index == 0 ? "A" : "B";
+    const bool bankA = index == 0;
     BusyPointer busy(model.host());
-    model.host().setStatus("Extracting bank " + letter, StatusColour::Done);
+    model.host().setStatus(bankA ? "Extracting bank A" : "Extracting bank B", StatusColour::Done);
     misc::doMiscData(model);
-    model.host().setStatus("Converting bank " + letter, StatusColour::Done);
+    model.host().setStatus(bankA ? "Converting bank A" : "Converting bank B", StatusColour::Done);
     model.host().setMessage("84270 bytes");
     if (misc::doLocalPreload(model, index)) {
         misc::doExtract(model, index);

@@ -23,14 +23,7 @@ constexpr std::size_t kPieceBytes = 1000;
 
 void inform(AppModel& model, const std::string& title, const std::string& text)
 {
-    MessageRequest box;
-    box.title = title;
-    box.text = text;
-    box.icon = MessageIcon::Information;
-    box.buttons = MessageButtons::Ok;
-    box.help = true;
-    box.helpContext = kSendHelpContext;
-    model.host().showMessage(box);
+    showInformation(model.host(), title, text, kSendHelpContext);
 }
 
 bool confirm(AppModel& model, const std::string& title, const std::string& text, int helpContext)
@@ -226,10 +219,12 @@ void doSendBank(AppModel& model)
     if (!model.midi.attached())
         return;
     const int bank = model.bankTarget == kPatchBankB ? kPatchBankB : kPatchBankA;
-    const std::string letter = bank == kPatchBankA ? "A" : "B";
     // The done event of the output takes the hourglass back.
     model.host().setBusy(true);
-    sendDump(model, bank, "Sending Bank " + letter + " - see progress bar on Z1", "Bank " + letter + " has been sent");
+    if (bank == kPatchBankA)
+        sendDump(model, bank, "Sending Bank A - see progress bar on Z1", "Bank A has been sent");
+    else
+        sendDump(model, bank, "Sending Bank B - see progress bar on Z1", "Bank B has been sent");
 }
 
 void doSendMultiBank(AppModel& model)
@@ -247,9 +242,10 @@ void doSendMultiBank(AppModel& model)
         inform(model, "Send Multi Bank", "Please select multibank to send");
         return;
     }
-    const std::string letter = model.multiBankTarget == kMultiBankA ? "A" : "B";
-    sendDump(model, model.multiBankTarget, "Sending multibank " + letter + " (please wait)",
-             "Multibank " + letter + " has been sent");
+    if (model.multiBankTarget == kMultiBankA)
+        sendDump(model, kMultiBankA, "Sending multibank A (please wait)", "Multibank A has been sent");
+    else
+        sendDump(model, kMultiBankB, "Sending multibank B (please wait)", "Multibank B has been sent");
 }
 
 void doSendArpBank(AppModel& model)

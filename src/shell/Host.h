@@ -55,6 +55,20 @@ public:
     virtual void setBusy(bool busy) = 0;
 };
 
+// An information box with OK and Help: how the program most often says why
+// it did not do what was asked.
+inline Answer showInformation(Host& host, const std::string& title, const std::string& text, int helpContext)
+{
+    MessageRequest box;
+    box.title = title;
+    box.text = text;
+    box.icon = MessageIcon::Information;
+    box.buttons = MessageButtons::Ok;
+    box.help = true;
+    box.helpContext = helpContext;
+    return host.showMessage(box);
+}
+
 // Shows the hourglass for as long as it lives, however the operation ends.
 class BusyPointer {
 public:

@@ -259,4 +259,25 @@ int bankNamedBy(std::span<const std::uint8_t> message, int firstOfPair)
     return message.size() > selector && (message[selector] & 1) != 0 ? firstOfPair + 1 : firstOfPair;
 }
 
+std::vector<SysExMessage> splitSysExMessages(std::span<const std::uint8_t> bytes)
+{
+    std::vector<SysExMessage> messages;
+    SysExMessage current;
+    bool inside = false;
+    for (std::uint8_t byte : bytes) {
+        if (byte == kSysExStart) {
+            current.assign(1, byte);
+            inside = true;
+        } else if (inside) {
+            current.push_back(byte);
+            if (byte == kSysExEnd) {
+                messages.push_back(std::move(current));
+                current.clear();
+                inside = false;
+            }
+        }
+    }
+    return messages;
+}
+
 }  // namespace quillon

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace quillon {
 
@@ -99,6 +100,11 @@ struct ImagePart {
 // The parts of the unpacked image of a dump of type 1, 2, 5 or 10; empty for
 // any other type.
 std::span<const ImagePart> miscImageLayout(int type);
+
+// The messages that stand one behind the other in a buffer (a file, or what
+// an output plays out): each from F0 up to its F7. Bytes outside a message,
+// and a message cut short by the next F0 or by the end, are dropped.
+std::vector<SysExMessage> splitSysExMessages(std::span<const std::uint8_t> bytes);
 
 // Which bank of its pair a bank or multi bank dump names: bit 0 of the byte
 // behind its function code (bank) or of its first sub-header byte (multi

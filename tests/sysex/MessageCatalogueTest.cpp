@@ -367,5 +367,25 @@ TEST(MessageCatalogue, GlobalOrMidiDumpIsNamedByTheByteBehindItsFunctionCode)
     EXPECT_EQ(globalOrMidiName(message), "MIDI");
 }
 
+TEST(MessageCatalogue, SplitTakesWholeMessagesAndDropsStrayBytesAndACutShortMessage)
+{
+    const std::vector<std::uint8_t> bytes{0x01, 0xF0, 0x42, 0xF7, 0x7F, 0xF0, 0x10, 0xF0, 0x43, 0x44, 0xF7, 0xF0, 0x11};
+    const auto messages = splitSysExMessages(bytes);
+    ASSERT_EQ(messages.size(), 2u);
+    EXPECT_EQ(messages[0], (std::vector<std::uint8_t>{0xF0, 0x42, 0xF7}));
+    EXPECT_EQ(messages[1], (std::vector<std::uint8_t>{0xF0, 0x43, 0x44, 0xF7}));
+}
+
+TEST(MessageCatalogue, TheBankADumpNamesBankAAndAMultiBankBDumpNamesMultiBankB)
+{
+    const std::vector<std::uint8_t> packed(84261, 0);
+    EXPECT_EQ(bankNamedBy(patchBankDump(kPatchBankA, 1, packed), kPatchBankA), kPatchBankA);
+    EXPECT_EQ(bankNamedBy(patchBankDump(kPatchBankB, 1, packed), kPatchBankA), kPatchBankB);
+    const std::vector<std::uint8_t> multis(3804, 0);
+    EXPECT_EQ(bankNamedBy(multiBankDump(kMultiBankB, 1, multis), kMultiBankA), kMultiBankB);
+    EXPECT_EQ(bankNamedBy(multiBankDump(kMultiBankA, 1, multis), kMultiBankA), kMultiBankA);
+    EXPECT_EQ(bankNamedBy(std::vector<std::uint8_t>{0xF0}, kArpBank), kArpBank);
+}
+
 }  // namespace
 }  // namespace quillon

@@ -2,6 +2,7 @@
 
 #include "midi/backends/EventPump.h"
 #include "midi/backends/SimulatedZ1.h"
+#include "sysex/MessageCatalogue.h"
 #include "sysex/SysExBytes.h"
 
 #include <deque>
@@ -23,28 +24,6 @@ constexpr int kDefaultBufferBytes = 1024;
 // event that runs after the system has gone does nothing.
 using AliveToken = std::shared_ptr<int>;
 using AliveWatch = std::weak_ptr<int>;
-
-// The messages a stream of bytes holds, each from F0 to its F7.
-std::vector<SysExMessage> wholeMessages(const std::vector<std::uint8_t>& stream)
-{
-    std::vector<SysExMessage> messages;
-    SysExMessage current;
-    bool inside = false;
-    for (std::uint8_t byte : stream) {
-        if (byte == kSysExStart) {
-            current.assign(1, byte);
-            inside = true;
-        } else if (inside) {
-            current.push_back(byte);
-            if (byte == kSysExEnd) {
-                messages.push_back(std::move(current));
-                current.clear();
-                inside = false;
-            }
-        }
-    }
-    return messages;
-}
 
 class SimInput : public MidiInput {
 public:
@@ -230,7 +209,7 @@ private:
     void playOut(const std::vector<std::uint8_t>& stream)
     {
         std::vector<SysExMessage> answers;
-        for (const SysExMessage& message : wholeMessages(stream)) {
+        for (const SysExMessage& message : splitSysExMessages(stream)) {
             for (SysExMessage& answer : z1_.receiveSysEx(message))
                 answers.push_back(std::move(answer));
         }

@@ -26,30 +26,6 @@ constexpr std::uint8_t kAllProgramSubHeader[] = {0x00, 0x00, 0x00};
 
 enum class Taken { NotADump, Taken, Refused };
 
-// The messages that stand one behind the other in a buffer: each from F0 up
-// to its F7. Bytes outside a message, and a message cut short by the next
-// F0 or by the end, are dropped.
-std::vector<SysExMessage> splitMessages(std::span<const std::uint8_t> bytes)
-{
-    std::vector<SysExMessage> messages;
-    SysExMessage current;
-    bool inside = false;
-    for (std::uint8_t byte : bytes) {
-        if (byte == kSysExStart) {
-            current.assign(1, byte);
-            inside = true;
-        } else if (inside) {
-            current.push_back(byte);
-            if (byte == kSysExEnd) {
-                messages.push_back(std::move(current));
-                current.clear();
-                inside = false;
-            }
-        }
-    }
-    return messages;
-}
-
 SysExMessage shortAnswer(int channel, std::uint8_t function)
 {
     return {kSysExStart, kKorgId, channelByte(channel), kZ1ModelId, function, kSysExEnd};
@@ -214,7 +190,7 @@ std::vector<SysExMessage> SimulatedZ1::receiveSysEx(std::span<const std::uint8_t
 {
     received_.emplace_back(message.begin(), message.end());
     std::vector<SysExMessage> answers;
-    for (const SysExMessage& one : splitMessages(message)) {
+    for (const SysExMessage& one : splitSysExMessages(message)) {
         // Korg, this channel, the Z1: anything else is some other device's.
         if (one.size() < 6 || one[1] != kKorgId || one[kChannelIndex] != channelByte(globalChannel_) ||
             one[3] != kZ1ModelId)
@@ -242,7 +218,7 @@ void SimulatedZ1::receiveShort(int status, int data1, int data2)
 
 bool SimulatedZ1::load(std::span<const std::uint8_t> message)
 {
-    const auto messages = splitMessages(message);
+    const auto messages = splitSysExMessages(message);
     if (messages.empty())
         return false;
     bool all = true;
