@@ -55,6 +55,19 @@ void refreshAFullFrameOnScreen(benchmark::State& state)
 }
 BENCHMARK(refreshAFullFrameOnScreen)->Unit(benchmark::kMicrosecond);
 
+// The rows change as they do when the user moves between two subsections:
+// every name, value and decode label of the frame is new each time.
+void showAnotherSubsectionOnScreen(benchmark::State& state)
+{
+    ShownPatchScreen shown;
+    int subsection = 2;
+    for (auto _ : state) {
+        subsection = subsection == 2 ? 3 : 2;
+        fraPatchHeaders(shown.model, 1, 0, subsection);
+    }
+}
+BENCHMARK(showAnotherSubsectionOnScreen)->Unit(benchmark::kMicrosecond);
+
 // From a bank screen back to the patch screen: two set-ups a round.
 void setUpThePatchScreenOnScreen(benchmark::State& state)
 {
