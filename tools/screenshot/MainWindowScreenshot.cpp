@@ -2,12 +2,19 @@
 // program started as a user starts it, with a file opened if one is given,
 // and the main window or one of its forms drawn into a PNG file.
 //
-// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope] [FILE.syx]
+// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope|request|midi|received] [FILE.syx]
 //
 // "patch" shows the patch screen with OSC1 in the left frame and its
 // setting rows in the right one; "envelope" shows EG1 with its graph.
+// The program talks to the simulated Z1: "request" shows the Request
+// dialog, "midi" the MIDI tab of the settings, "received" the main window
+// once bank A has been requested and has arrived.
 
 #include "files/MiscDialog.h"
+#include "midi/MidiGlobal.h"
+#include "midi/ReceiveEngine.h"
+#include "midi/screens/MidiConnection.h"
+#include "midi/screens/frmRequest.h"
 #include "files/OpenSysExFile.h"
 #include "editors/Navigation.h"
 #include "files/SettingsStore.h"
@@ -22,6 +29,7 @@
 #include "shell/screens/frmSettings.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QPixmap>
 #include <QTemporaryDir>
@@ -64,7 +72,8 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     if (argc < 2) {
-        std::fprintf(stderr, "usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope] [FILE.syx]\n");
+        std::fprintf(stderr, "usage: quillon_screenshot OUT.png [--form "
+                             "main|settings|help|params|about|patch|envelope|request|midi|received] [FILE.syx]\n");
         return 2;
     }
     std::string form = "main";
@@ -81,7 +90,10 @@ int main(int argc, char** argv)
     quillon::MemorySettingsStore store;
     quillon::AppModel model(host, store, dataFolder.path().toStdString());
     quillon::frmMain window(model, host);
-    if (!quillon::doFormLoadMain(model))
+    const quillon::MidiConnection midi(model, quillon::MidiApi::Sim, &window);
+    quillon::StartUpSurroundings surroundings;
+    surroundings.initMidi = [](quillon::AppModel& started) { return quillon::doInitMIDI(started); };
+    if (!quillon::doFormLoadMain(model, surroundings))
         return 1;
     if (!file.empty())
         quillon::doOpenSysExFile(model, 0);
@@ -89,6 +101,11 @@ int main(int argc, char** argv)
         // OSC1 Setting first, then OSC1: the setting moves to the right frame.
         quillon::clickTreeNode(model, "SS13");
         quillon::clickTreeNode(model, sectionKeyOf(kOsc1Type));
+    } else if (form == "received") {
+        quillon::doSendRequest(model, 1);
+        const QDeadlineTimer deadline(10000);
+        while (model.midi.requestPending != 0 && !deadline.hasExpired())
+            QApplication::processEvents(QEventLoop::AllEvents, 50);
     } else if (form == "envelope") {
         model.settings.graphicEnvelope = true;
         quillon::clickTreeNode(model, "S2");  // EG1
@@ -106,6 +123,12 @@ int main(int argc, char** argv)
         static_cast<quillon::HelpWindow*>(other.get())->showContext(65);
     } else if (form == "params") {
         other = std::make_unique<quillon::frmParam>();
+    } else if (form == "request") {
+        auto request = std::make_unique<quillon::frmRequest>(model);
+        request->doSetup();
+        other = std::move(request);
+    } else if (form == "midi") {
+        other = std::make_unique<quillon::frmSettings>(model, 2);
     } else if (form == "about") {
         other = std::make_unique<quillon::frmAbout>();
     }
