@@ -103,12 +103,17 @@ void QtHost::setStatus(const std::string& text, StatusColour colour)
         return;
     status_->setText(QString::fromStdString(text));
     status_->setStyleSheet("color: " + colourName(colour) + ";");
+    // Painted at once: a bank conversion or a send may keep the event loop
+    // busy before the next paint, and the line must say what is going on.
+    status_->repaint();
 }
 
 void QtHost::setMessage(const std::string& text)
 {
-    if (message_ != nullptr)
-        message_->setText(QString::fromStdString(text));
+    if (message_ == nullptr)
+        return;
+    message_->setText(QString::fromStdString(text));
+    message_->repaint();
 }
 
 void QtHost::setBusy(bool busy)
