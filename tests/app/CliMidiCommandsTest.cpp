@@ -69,6 +69,17 @@ TEST_F(CliMidiCommands, EveryRequestItemArrivesAndIsSavedAtItsSize)
     }
 }
 
+TEST_F(CliMidiCommands, ABankAAnsweredWithAllProgramIsTakenApartAndSavedAsBankA)
+{
+    setenv("QUILLON_SIM_BANK_A_AS_ALL_PROGRAM", "1", 1);
+    const auto path = folder / "bank-a.syx";
+    const CliRun result = run(runRequest, {"bank-a", "--out", path.string()});
+    unsetenv("QUILLON_SIM_BANK_A_AS_ALL_PROGRAM");
+    ASSERT_EQ(result.exitCode, kExitOk) << result.err;
+    EXPECT_EQ(result.out, "Bank A: received all program data, saved to " + path.string() + "\n");
+    EXPECT_EQ(fileBytes(path), SimulatedZ1().dumpFor(1));
+}
+
 TEST_F(CliMidiCommands, TheRequestSaysWhatArrived)
 {
     const auto path = folder / "patch.syx";

@@ -2,10 +2,13 @@
 
 #include "midi/backends/RtMidiSystem.h"
 #include "midi/backends/SimMidiSystem.h"
+#include "midi/backends/SimulatedZ1.h"
 
 #include <RtMidi.h>
 
 #include <array>
+#include <cstdlib>
+#include <cstring>
 #include <utility>
 
 namespace quillon {
@@ -23,6 +26,9 @@ constexpr std::array<std::pair<MidiApi, std::string_view>, 5> kApiNames{{
 // A code of our own for the "MIDI Error" box: the name a user put into the
 // environment names no MIDI system.
 constexpr int kUnknownApiCode = 1;
+
+// An environment switch: set, and not "0".
+bool isSet(const char* value) { return value != nullptr && *value != '\0' && std::strcmp(value, "0") != 0; }
 
 MidiApi platformDefault()
 {
@@ -99,8 +105,15 @@ std::vector<MidiApi> compiledMidiApis()
 
 std::unique_ptr<MidiSystem> openMidiSystem(MidiApi api, EventPump& pump, const MidiSystemOptions& options)
 {
-    if (api == MidiApi::Sim)
-        return openSimMidiSystem(pump, options);
+    if (api == MidiApi::Sim) {
+        auto system = openSimMidiSystem(pump, options);
+        // Some owners' instruments answer a Bank A request with an All
+        // Program dump; the simulated one does too when asked to, so that
+        // the road Quillon takes then can be tried.
+        if (options.simulator == nullptr && isSet(std::getenv("QUILLON_SIM_BANK_A_AS_ALL_PROGRAM")))
+            system->simulator()->setBankAAsAllProgram(true);
+        return system;
+    }
     return openRtMidiSystem(api, pump, options);
 }
 

@@ -57,7 +57,9 @@ public:
 };
 
 // Opens a MIDI system; a system that cannot be initialised throws
-// MidiError.
+// MidiError. The simulated Z1 of the sim system answers a Bank A request
+// with an All Program dump when QUILLON_SIM_BANK_A_AS_ALL_PROGRAM is set to
+// anything but "0".
 std::unique_ptr<MidiSystem> openMidiSystem(MidiApi api, EventPump& pump, const MidiSystemOptions& options = {});
 
 }  // namespace quillon
