@@ -2,9 +2,11 @@
 #include "midi/backends/SimulatedZ1.h"
 #include "midi/screens/SimulatedMidiWindow.h"
 #include "model/Kind.h"
+#include "sysex/MessageCatalogue.h"
 #include "sysex/SysExPacking.h"
 #include "support/DialogAnswers.h"
 
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -80,6 +82,36 @@ TEST(MidiCommands, ListenTakesAMultisetTheInstrumentSendsByItself)
     sendFromSimulatedZ1(w.midi->system(), multi);
     runWaitingEvents();
     EXPECT_NE(w.model.itemImage(kMultiset), expected);
+}
+
+TEST(MidiCommands, ListenOpensTheDumpDialogForAnAllMultiDumpAndItOffersToSaveIt)
+{
+    SimulatedMidiWindow w;
+    w.action("mnuListen")->trigger();
+    // Both multi banks in one message, as the instrument sends them from
+    // its panel.
+    const std::vector<std::uint8_t> packed(7607, 0);
+    const SysExMessage allMulti = buildSysExMessage(0x4D, std::vector<std::uint8_t>{0x00, 0x00, 0x00, 0x00}, 1, packed);
+    ASSERT_EQ(allMulti.size(), 7617u);
+    QString caption;
+    QString saveSend;
+    bool sendOffered = true;
+    whenNextModalOpens([&](QWidget* modal) {
+        caption = modal->windowTitle();
+        auto* button = modal->findChild<QPushButton*>("cmdSaveSend");
+        ASSERT_NE(button, nullptr);
+        saveSend = button->text();
+        sendOffered = saveSend.startsWith("Send");
+        modal->findChild<QPushButton*>("cmdDone")->click();
+    });
+    sendFromSimulatedZ1(w.midi->system(), allMulti);
+    ASSERT_TRUE(runEventsUntil([&] { return !caption.isEmpty(); }));
+    EXPECT_EQ(caption, "All Multi");
+    // Received from the instrument: it can be saved, not sent back.
+    EXPECT_EQ(saveSend, "Save All Multi");
+    EXPECT_FALSE(sendOffered);
+    EXPECT_EQ(w.model.midi.input().state(), kPortClosed);
+    EXPECT_EQ(w.model.misc.message, allMulti);
 }
 
 TEST(MidiCommands, ResetInputEndsAListenLeftOpen)
