@@ -7,6 +7,7 @@
 #include "midi/ReceiveEngine.h"
 #include "midi/SendFlows.h"
 #include "model/Kind.h"
+#include "sysex/SysExClassifier.h"
 
 #include <array>
 #include <chrono>
@@ -27,16 +28,15 @@ struct RequestItem {
     std::array<int, 2> answers;
 };
 
-constexpr int kBlockAllProgram = 2;
 constexpr RequestItem kRequestItems[] = {
-    {"patch", 0, kPatch, {4, 4}},
-    {"bank-a", 1, kPatchBankA, {3, kBlockAllProgram}},
-    {"bank-b", 2, kPatchBankB, {3, kBlockAllProgram}},
-    {"multi", 3, kMultiset, {7, 7}},
-    {"multibank-a", 4, kMultiBankA, {6, 6}},
-    {"multibank-b", 5, kMultiBankB, {6, 6}},
-    {"pattern", 6, kPattern, {9, 9}},
-    {"pattern-bank", 7, kArpBank, {8, 8}},
+    {"patch", 0, kPatch, {kSysExPatch, kSysExPatch}},
+    {"bank-a", 1, kPatchBankA, {kSysExPatchBank, kSysExAllProgram}},
+    {"bank-b", 2, kPatchBankB, {kSysExPatchBank, kSysExAllProgram}},
+    {"multi", 3, kMultiset, {kSysExSingleMulti, kSysExSingleMulti}},
+    {"multibank-a", 4, kMultiBankA, {kSysExMultiBank, kSysExMultiBank}},
+    {"multibank-b", 5, kMultiBankB, {kSysExMultiBank, kSysExMultiBank}},
+    {"pattern", 6, kPattern, {kSysExSinglePattern, kSysExSinglePattern}},
+    {"pattern-bank", 7, kArpBank, {kSysExArpBank, kSysExArpBank}},
 };
 
 const RequestItem* findRequestItem(const std::string& word)
@@ -97,50 +97,6 @@ const std::pair<std::string, StatusColour>* lastStatus(const CliHost& host)
     return host.statuses.empty() ? nullptr : &host.statuses.back();
 }
 
-// The block that the receive engine said it took, from its "Received ...
-// data" line; 0 when there is none.
-int receivedBlock(const CliHost& host)
-{
-    for (auto s = host.statuses.rbegin(); s != host.statuses.rend(); ++s) {
-        for (int block = 1; block <= 11; ++block) {
-            if (s->first == "Received " + std::string(receivedBlockName(block)) + " data")
-                return block;
-        }
-    }
-    return 0;
-}
-
-// Sets the screen that shows the Kind an opened file went to, so that Send
-// takes that item.
-void showKind(AppModel& model, int kind)
-{
-    model.multiMode = 0;
-    model.arpMode = 0;
-    switch (kind) {
-    case kPatch: model.mode = 1; break;
-    case kPatchBankA:
-    case kPatchBankB:
-        model.mode = kind;
-        model.bankTarget = kind;
-        break;
-    case kMultiset: model.mode = 4; break;
-    case kMultiBankA:
-    case kMultiBankB:
-        model.mode = 4;
-        model.multiBankTarget = kind;
-        model.multiMode = kind == kMultiBankA ? 1 : 2;
-        break;
-    case kPattern: model.mode = 5; break;
-    case kArpBank:
-        model.mode = 5;
-        model.arpMode = 1;
-        break;
-    default: break;
-    }
-}
-
-std::chrono::milliseconds seconds(int count) { return std::chrono::milliseconds(1000LL * count); }
-
 }  // namespace
 
 int runPorts(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
@@ -185,7 +141,7 @@ int runRequest(const std::vector<std::string>& args, std::ostream& out, std::ost
 
     doSendRequest(model, item->index);
     const bool answered = midi.runUntil([&model] { return model.midi.requestPending == 0; },
-                                        seconds(options.timeoutSeconds));
+                                        std::chrono::seconds(options.timeoutSeconds));
     resetGlobalMIDIAll(model);
     if (!answered) {
         err << "no answer from the instrument within " << options.timeoutSeconds << " seconds\n";
@@ -195,7 +151,7 @@ int runRequest(const std::vector<std::string>& args, std::ostream& out, std::ost
         err << problem << '\n';
         return kExitBadData;
     }
-    const int block = receivedBlock(host);
+    const int block = model.midi.receivedKind;
     if (block != item->answers[0] && block != item->answers[1]) {
         err << "the instrument answered with " << (block == 0 ? "nothing usable" : receivedBlockName(block))
             << ", not " << requestCaption(item->index) << '\n';
@@ -240,12 +196,12 @@ int runSend(const std::vector<std::string>& args, std::ostream& out, std::ostrea
     host.statuses.clear();
     host.refuseQuestions = !options.yes;
 
+    // Opening the file has put its item on its screen, as the window does:
+    // Send takes what that screen shows.
     if (*kind == kOtherDump)
         miscSend(model);
-    else {
-        showKind(model, *kind);
+    else
         doSendActive(model);
-    }
     if (!host.refused.empty()) {
         const MessageRequest& question = host.refused.front();
         err << question.title << ": " << question.text << "\n(give --yes to send)\n";
@@ -259,7 +215,7 @@ int runSend(const std::vector<std::string>& args, std::ostream& out, std::ostrea
         const auto* status = lastStatus(host);
         return status != nullptr && status->second != StatusColour::Busy;
     };
-    if (!midi.runUntil(ended, seconds(options.timeoutSeconds))) {
+    if (!midi.runUntil(ended, std::chrono::seconds(options.timeoutSeconds))) {
         err << "the send did not end within " << options.timeoutSeconds << " seconds\n";
         return kExitBadData;
     }

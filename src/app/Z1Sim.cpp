@@ -12,7 +12,6 @@
 #include <atomic>
 #include <cctype>
 #include <csignal>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iomanip>
@@ -140,16 +139,6 @@ std::optional<Options> parseArguments(const std::vector<std::string>& args)
     return options;
 }
 
-// The request among the eight that a message is, if any.
-std::optional<std::size_t> requestIndex(const SysExMessage& message, int channel)
-{
-    const auto requests = dumpRequests();
-    for (std::size_t i = 0; i < requests.size(); ++i)
-        if (requestMessage(requests[i], channel) == message)
-            return i;
-    return std::nullopt;
-}
-
 // The name of a dump by its length, function and fixed sub-header.
 std::string dumpName(const SysExMessage& message)
 {
@@ -256,13 +245,14 @@ private:
 
     void takeSysEx(const SysExMessage& message)
     {
-        const auto request = requestIndex(message, z1_.globalChannel());
+        const int request = dumpRequestIndex(message);
         const auto answers = z1_.receiveSysEx(message);
-        if (request) {
+        // A request on another channel gets no answer and counts as ignored.
+        if (request >= 0 && !answers.empty()) {
             std::size_t bytes = 0;
             for (const auto& answer : answers)
                 bytes += answer.size();
-            std::cout << "request " << dumpRequests()[*request].label << " on channel " << z1_.globalChannel()
+            std::cout << "request " << dumpRequests()[static_cast<std::size_t>(request)].label << " on channel " << z1_.globalChannel()
                       << ": sent " << bytes << " bytes" << std::endl;
             play(answers);
             return;
@@ -273,7 +263,7 @@ private:
             std::cout << "ignored SysEx of " << message.size() << " bytes" << std::endl;
             return;
         }
-        const bool loaded = answers.front()[4] == 0x23;
+        const bool loaded = answers.front()[kFunctionIndex] == kFunctionDataLoadCompleted;
         std::cout << "received " << name << " " << message.size() << " bytes: " << (loaded ? "loaded" : "error")
                   << std::endl;
         if (loaded && !options_.saveDir.empty())

@@ -60,11 +60,9 @@ bool pressCopyButton(AppModel& model, int button)
         const bool belowZero = std::any_of(graph.points.begin(), graph.points.end(),
                                            [](const EnvelopePoint& p) { return p.Y > EnvelopeGraph::Baseline; });
         if (belowZero) {
-            const Answer answer = model.host().showMessage({kCopyToAmpEGTitle, kCopyToAmpEGQuestion,
-                                                            MessageIcon::Question, MessageButtons::YesNo, true,
-                                                            kCopyToAmpEGHelpContext});
+            const bool yes = askYesNo(model.host(), kCopyToAmpEGTitle, kCopyToAmpEGQuestion, kCopyToAmpEGHelpContext);
             pressed.border = false;
-            if (answer != Answer::Yes)
+            if (!yes)
                 return false;
         }
     }

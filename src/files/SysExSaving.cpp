@@ -192,14 +192,8 @@ void saveCommand(AppModel& model, int how)
             // A pattern may be drawn on the empty screen, so it needs no
             // loaded flag; one without a single tone is probably a mistake.
             if (!arpHasTones(model)) {
-                MessageRequest question;
-                question.title = "Save Arpeggiator Pattern";
-                question.text = "Pattern has no tones selected. Do you still want to save?";
-                question.icon = MessageIcon::Question;
-                question.buttons = MessageButtons::YesNo;
-                question.help = true;
-                question.helpContext = kSaveHelpContext;
-                if (model.host().showMessage(question) != Answer::Yes)
+                if (!askYesNo(model.host(), "Save Arpeggiator Pattern",
+                              "Pattern has no tones selected. Do you still want to save?", kSaveHelpContext))
                     return;
             }
             doSavePattern(model, how);

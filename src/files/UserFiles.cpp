@@ -79,8 +79,7 @@ bool saveUserFile(AppModel& model, int kind, const std::string& fileName, int so
 
 bool confirmed(AppModel& model, const std::string& title, const std::string& question, int helpContext)
 {
-    return model.host().showMessage(
-               {title, question, MessageIcon::Question, MessageButtons::YesNo, true, helpContext}) == Answer::Yes;
+    return askYesNo(model.host(), title, question, helpContext);
 }
 
 // The multiset commands need a multiset in the editor.

@@ -68,6 +68,12 @@ bool doInitMIDI(AppModel& model)
     } catch (const std::exception& error) {
         description = error.what();
     }
+    showMidiError(model, number, description);
+    return false;
+}
+
+void showMidiError(AppModel& model, int number, const std::string& description)
+{
     MessageRequest box;
     box.title = "MIDI Error";
     box.text = midiErrorText(number, description);
@@ -76,7 +82,6 @@ bool doInitMIDI(AppModel& model)
     box.help = true;
     box.helpContext = kMidiErrorHelpContext;
     model.host().showMessage(box);
-    return false;
 }
 
 void MIDIOutOpen(AppModel& model)
@@ -154,6 +159,14 @@ void mnuResetOutput(AppModel& model)
     resetGlobalMIDIOutput(model);
 }
 
+void holdHourglassUntilDone(AppModel& model)
+{
+    if (model.midi.hourglass)
+        return;
+    model.midi.hourglass = true;
+    model.host().setBusy(true);
+}
+
 void onOutputDone(AppModel& model)
 {
     if (!model.midi.attached())
@@ -161,7 +174,10 @@ void onOutputDone(AppModel& model)
     // The port stays open; the next send closes and reopens it.
     model.midi.output().reset();
     model.host().setStatus(model.midi.doneText, StatusColour::Done);
-    model.host().setBusy(false);
+    if (model.midi.hourglass) {
+        model.midi.hourglass = false;
+        model.host().setBusy(false);
+    }
 }
 
 void onMidiError(AppModel& model, int code, const std::string& text)

@@ -19,6 +19,10 @@ bool doInitMIDI(AppModel& model);
 // The lines of the "MIDI Error" box for an error number and description.
 std::string midiErrorText(int number, const std::string& description);
 
+// The "MIDI Error" box itself: MIDI cannot work, and the program ends after
+// it.
+void showMidiError(AppModel& model, int number, const std::string& description);
+
 void MIDIOutOpen(AppModel& model);
 void MIDIInOpen(AppModel& model);
 void resetGlobalMIDIOutput(AppModel& model);
@@ -32,6 +36,11 @@ void sendMIDIMessage(AppModel& model, int a, int b, int c, int d);
 // The Reset items of the MIDI In and MIDI Out menus.
 void mnuResetInput(AppModel& model);
 void mnuResetOutput(AppModel& model);
+
+// The hourglass while a bank or a dump of several kinds plays out; the
+// output's done event takes it back. A send that cuts another short keeps
+// the one hourglass, so that the pointer is normal again after the last.
+void holdHourglassUntilDone(AppModel& model);
 
 // The events of the ports, as MidiLink hands them on.
 void onOutputDone(AppModel& model);

@@ -56,6 +56,11 @@ public:
     int ignoredCount = 0;        // short messages ignored since the last dump
     std::int32_t ignoredTotal = 0;
     int toneStep = 0;            // the test tone's counter, 1 to 4 in use
+    // The hourglass of a long send, shown until the output has played out.
+    bool hourglass = false;
+    // The kind of the block the last reception acted on (1 "all Z1" to 11);
+    // 0 before any.
+    int receivedKind = 0;
     // The blocks of the last collection, from 1; entry 0 stays empty.
     std::array<std::vector<std::uint8_t>, kMaxReceivedBlocks + 1> receivedBlocks;
 

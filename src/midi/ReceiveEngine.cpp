@@ -6,6 +6,7 @@
 #include "model/Kind.h"
 #include "shell/AppModel.h"
 #include "sysex/MessageCatalogue.h"
+#include "sysex/SysExClassifier.h"
 #include "sysex/SysExFraming.h"
 
 #include <array>
@@ -18,48 +19,6 @@ namespace {
 constexpr int kSysExStatus = 240;
 // Anything shorter is no dump: the shortest, a multiset, has 245 bytes.
 constexpr std::size_t kShortestDump = 200;
-
-// The block kinds, by code.
-enum BlockKind : int {
-    kBlockNone = 0,
-    kBlockAllZ1 = 1,
-    kBlockAllProgram = 2,
-    kBlockBank = 3,
-    kBlockPatch = 4,
-    kBlockAllMulti = 5,
-    kBlockMultiBank = 6,
-    kBlockMulti = 7,
-    kBlockArpBank = 8,
-    kBlockPattern = 9,
-    kBlockGlobalOrMidi = 10,
-    kBlockGlobalAndMidi = 11,
-};
-
-struct BlockLength {
-    std::size_t length;
-    int kind;
-};
-
-constexpr std::array<BlockLength, 13> kBlockLengths{{
-    {182939, kBlockAllZ1},
-    {168531, kBlockAllProgram},
-    {84270, kBlockBank},
-    {666, kBlockPatch},
-    {668, kBlockPatch},
-    {7617, kBlockAllMulti},
-    {3814, kBlockMultiBank},
-    {245, kBlockMulti},
-    {248, kBlockMulti},
-    {5860, kBlockArpBank},
-    {300, kBlockPattern},
-    {483, kBlockGlobalOrMidi},
-    {966, kBlockGlobalAndMidi},
-}};
-
-constexpr std::array<std::string_view, 12> kBlockNames{
-    "",           "all Z1",           "all program", "bank",        "patch",         "all multi",
-    "multi A/B",  "single multi",     "arpeggiator", "single arpeggiator", "global/MIDI", "global & MIDI",
-};
 
 // The request for bank A takes long enough for the instrument to show its
 // progress bar; every other request, bank B among them, just asks to wait.
@@ -166,19 +125,12 @@ void unloadRequestDialog(AppModel& model)
 
 }  // namespace
 
-int receivedBlockKind(std::size_t length)
-{
-    for (const BlockLength& entry : kBlockLengths)
-        if (entry.length == length)
-            return entry.kind;
-    return kBlockNone;
-}
+int receivedBlockKind(std::size_t length) { return dumpTypeForLength(length); }
 
 std::string_view receivedBlockName(int kind)
 {
-    if (kind < 0 || kind >= static_cast<int>(kBlockNames.size()))
-        return {};
-    return kBlockNames[static_cast<std::size_t>(kind)];
+    // Only the kinds a dump can be; "non-Z1" is no block of the instrument.
+    return kind >= kSysExAllData && kind <= kSysExGlobalAndMidi ? sysExTypeLabel(kind) : std::string_view();
 }
 
 void mnuListen(AppModel& model)
@@ -301,28 +253,31 @@ void processMIDIGlobalInput(AppModel& model)
     resetGlobalMIDIInput(model);
     input.next();
 
+    midi.receivedKind = kinds[static_cast<std::size_t>(found)];
+    // A copy: the save-first prompt and frmMisc run the event loop, and a
+    // message that comes in meanwhile would refill the blocks.
     const std::vector<std::uint8_t> block = midi.receivedBlocks[static_cast<std::size_t>(found)];
-    switch (kinds[static_cast<std::size_t>(found)]) {
-    case kBlockAllZ1:
-    case kBlockAllMulti:
-    case kBlockGlobalOrMidi:
-    case kBlockGlobalAndMidi:
+    switch (midi.receivedKind) {
+    case kSysExAllData:
+    case kSysExAllMulti:
+    case kSysExGlobalOrMidi:
+    case kSysExGlobalAndMidi:
         receiveMisc(model, block);
         showMisc(model);
         break;
-    case kBlockAllProgram:
+    case kSysExAllProgram:
         receiveMisc(model, block);
         if (midi.requestPending == kPatchBankA || midi.requestPending == kPatchBankB)
             doExtractAllProgramBank(model, midi.requestPending);
         else
             showMisc(model);
         break;
-    case kBlockBank: receiveBank(model, bankNamedBy(block, kPatchBankA), block); break;
-    case kBlockMultiBank: receiveBank(model, bankNamedBy(block, kMultiBankA), block); break;
-    case kBlockPatch: receiveSingleItem(model, kPatch, block); break;
-    case kBlockMulti: receiveSingleItem(model, kMultiset, block); break;
-    case kBlockPattern: receiveSingleItem(model, kPattern, block); break;
-    case kBlockArpBank: receiveArpBank(model, block); break;
+    case kSysExPatchBank: receiveBank(model, bankNamedBy(block, kPatchBankA), block); break;
+    case kSysExMultiBank: receiveBank(model, bankNamedBy(block, kMultiBankA), block); break;
+    case kSysExPatch: receiveSingleItem(model, kPatch, block); break;
+    case kSysExSingleMulti: receiveSingleItem(model, kMultiset, block); break;
+    case kSysExSinglePattern: receiveSingleItem(model, kPattern, block); break;
+    case kSysExArpBank: receiveArpBank(model, block); break;
     default: break;
     }
 

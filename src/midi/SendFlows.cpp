@@ -26,18 +26,6 @@ void inform(AppModel& model, const std::string& title, const std::string& text)
     showInformation(model.host(), title, text, kSendHelpContext);
 }
 
-bool confirm(AppModel& model, const std::string& title, const std::string& text, int helpContext)
-{
-    MessageRequest box;
-    box.title = title;
-    box.text = text;
-    box.icon = MessageIcon::Question;
-    box.buttons = MessageButtons::YesNo;
-    box.help = true;
-    box.helpContext = helpContext;
-    return model.host().showMessage(box) == Answer::Yes;
-}
-
 std::string bytesOnChannel(const AppModel& model, std::size_t bytes)
 {
     return std::to_string(bytes) + " bytes on " + "MIDI channel " + std::to_string(midiChannel(model));
@@ -112,7 +100,6 @@ void sendSingle(AppModel& model, int kind)
 }
 
 struct MiscSendRow {
-    int length;
     const char* name;
     const char* question;
 };
@@ -120,14 +107,14 @@ struct MiscSendRow {
 std::optional<MiscSendRow> miscSendRow(const MiscDump& misc)
 {
     switch (misc.length()) {
-    case 182939: return MiscSendRow{182939, "All Data", "Completely replace data in Korg Z1. Are you sure?"};
-    case 168531: return MiscSendRow{168531, "All Program", "Replace all patches in Korg Z1. Are you sure?"};
-    case 7617: return MiscSendRow{7617, "All Multi", "Replace both multi banks in Korg Z1. Are you sure?"};
-    case 966: return MiscSendRow{966, "Global and MIDI", "Replace global and MIDI settings in Korg Z1. Are you sure?"};
+    case 182939: return MiscSendRow{"All Data", "Completely replace data in Korg Z1. Are you sure?"};
+    case 168531: return MiscSendRow{"All Program", "Replace all patches in Korg Z1. Are you sure?"};
+    case 7617: return MiscSendRow{"All Multi", "Replace both multi banks in Korg Z1. Are you sure?"};
+    case 966: return MiscSendRow{"Global and MIDI", "Replace global and MIDI settings in Korg Z1. Are you sure?"};
     case 483:
-        if (misc.message.size() >= 6 && misc.message[5] != 0)
-            return MiscSendRow{483, "MIDI", "Replace MIDI settings in Korg Z1. Are you sure?"};
-        return MiscSendRow{483, "Global", "Replace global settings in Korg Z1. Are you sure?"};
+        if (globalOrMidiName(misc.message) == "MIDI")
+            return MiscSendRow{"MIDI", "Replace MIDI settings in Korg Z1. Are you sure?"};
+        return MiscSendRow{"Global", "Replace global settings in Korg Z1. Are you sure?"};
     default: return std::nullopt;
     }
 }
@@ -137,7 +124,7 @@ void sendAfterConfirmation(AppModel& model, const std::string& title, const std:
                            void (*routine)(AppModel&))
 {
     resetGlobalMIDIInput(model);
-    if (!confirm(model, title, question, kSendHelpContext))
+    if (!askYesNo(model.host(), title, question, kSendHelpContext))
         return;
     resetGlobalMIDIInput(model);
     routine(model);
@@ -219,8 +206,7 @@ void doSendBank(AppModel& model)
     if (!model.midi.attached())
         return;
     const int bank = model.bankTarget == kPatchBankB ? kPatchBankB : kPatchBankA;
-    // The done event of the output takes the hourglass back.
-    model.host().setBusy(true);
+    holdHourglassUntilDone(model);
     if (bank == kPatchBankA)
         sendDump(model, bank, "Sending Bank A - see progress bar on Z1", "Bank A has been sent");
     else
@@ -231,17 +217,15 @@ void doSendMultiBank(AppModel& model)
 {
     if (!model.midi.attached())
         return;
-    model.host().setBusy(true);
     if (model.multiMode == 1) {
         model.multiBankTarget = kMultiBankA;
     } else if (model.multiMode == 2) {
         model.multiBankTarget = kMultiBankB;
     } else {
-        // No send follows, so no done event would take the hourglass back.
-        model.host().setBusy(false);
         inform(model, "Send Multi Bank", "Please select multibank to send");
         return;
     }
+    holdHourglassUntilDone(model);
     if (model.multiBankTarget == kMultiBankA)
         sendDump(model, kMultiBankA, "Sending multibank A (please wait)", "Multibank A has been sent");
     else
@@ -252,7 +236,7 @@ void doSendArpBank(AppModel& model)
 {
     if (!model.midi.attached())
         return;
-    model.host().setBusy(true);
+    holdHourglassUntilDone(model);
     sendDump(model, kArpBank, "Sending Arpeggiator Bank (please wait)", "Arpeggiator Bank has been sent");
 }
 
@@ -267,11 +251,11 @@ bool miscSend(AppModel& model)
         return false;
     misc.name = row->name;
     const std::string title = "Send " + misc.name + " (loaded from file)";
-    if (!confirm(model, title, row->question, kMiscSendHelpContext)) {
+    if (!askYesNo(model.host(), title, row->question, kMiscSendHelpContext)) {
         misc.name.clear();
         return false;
     }
-    model.host().setBusy(true);
+    holdHourglassUntilDone(model);
     showSending(model, "Sending " + misc.name + " (loaded from file)", misc.name + " data has been sent",
                 misc.message.size());
     // A dump taken on another channel goes out on the current one.

@@ -67,13 +67,7 @@ void doToneStep(AppModel& model)
         return;
     MidiLink& midi = model.midi;
     if (!model.flags.loaded[kPatch]) {
-        MessageRequest box;
-        box.title = "Test tone";
-        box.text = "No patch loaded";
-        box.icon = MessageIcon::Information;
-        box.help = true;
-        box.helpContext = kToneHelpContext;
-        model.host().showMessage(box);
+        showInformation(model.host(), "Test tone", "No patch loaded", kToneHelpContext);
         stopTimer(model);
         return;
     }

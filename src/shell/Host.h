@@ -69,6 +69,19 @@ inline Answer showInformation(Host& host, const std::string& title, const std::s
     return host.showMessage(box);
 }
 
+// A Yes/No question with Help; true only for Yes.
+inline bool askYesNo(Host& host, const std::string& title, const std::string& question, int helpContext)
+{
+    MessageRequest box;
+    box.title = title;
+    box.text = question;
+    box.icon = MessageIcon::Question;
+    box.buttons = MessageButtons::YesNo;
+    box.help = true;
+    box.helpContext = helpContext;
+    return host.showMessage(box) == Answer::Yes;
+}
+
 // Shows the hourglass for as long as it lives, however the operation ends.
 class BusyPointer {
 public:

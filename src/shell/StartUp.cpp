@@ -10,6 +10,7 @@
 #include "files/SystemSettingsFile.h"
 #include "files/UserFiles.h"
 #include "files/UserFolders.h"
+#include "midi/MidiGlobal.h"
 #include "model/Kind.h"
 #include "model/ParamTables.h"
 #include "shell/AppModel.h"
@@ -145,6 +146,12 @@ bool confirmClose(AppModel& model)
     return true;
 }
 
-void shutDown(AppModel& model) { saveSystemSettings(model); }
+void shutDown(AppModel& model)
+{
+    // A Listen or request left open, or a send still playing, ends with the
+    // program.
+    resetGlobalMIDIAll(model);
+    saveSystemSettings(model);
+}
 
 }  // namespace quillon

@@ -53,8 +53,8 @@ std::string startUpErrorText(const std::string& number, const std::string& descr
 // rest are not asked.
 bool confirmClose(AppModel& model);
 
-// What happens as the main form unloads: the settings and the remembered
-// lists are written.
+// What happens as the main form unloads: the MIDI ports are reset and
+// closed, and the settings and the remembered lists are written.
 void shutDown(AppModel& model);
 
 }  // namespace quillon

@@ -280,4 +280,19 @@ std::vector<SysExMessage> splitSysExMessages(std::span<const std::uint8_t> bytes
     return messages;
 }
 
+int dumpRequestIndex(std::span<const std::uint8_t> message)
+{
+    for (std::size_t i = 0; i < kRequests.size(); ++i) {
+        const DumpRequest& request = kRequests[i];
+        if (message.size() != static_cast<std::size_t>(kCommonHeaderBytes + request.furtherCount + 1))
+            continue;
+        if (message[kFunctionIndex] != request.function)
+            continue;
+        if (std::equal(request.further.begin(), request.further.begin() + request.furtherCount,
+                       message.begin() + kSubHeaderIndex))
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
 }  // namespace quillon

@@ -73,6 +73,10 @@ std::span<const DumpRequest> dumpRequests();
 
 SysExMessage requestMessage(const DumpRequest& request, int channel);
 
+// The index (0 to 7) of the request a message is, whatever its channel; -1
+// for any other message.
+int dumpRequestIndex(std::span<const std::uint8_t> message);
+
 // A miscellaneous dump sent again as it came, with only its channel set anew.
 SysExMessage withChannel(std::span<const std::uint8_t> message, int channel);
 

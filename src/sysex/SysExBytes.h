@@ -26,6 +26,10 @@ inline constexpr int kChannelIndex = 2;
 inline constexpr int kFunctionIndex = 4;
 inline constexpr int kSubHeaderIndex = 5;
 
+// The instrument's answers to a dump it was sent: taken, or refused.
+inline constexpr std::uint8_t kFunctionDataLoadCompleted = 0x23;
+inline constexpr std::uint8_t kFunctionDataLoadError = 0x24;
+
 // Function codes of the dumps.
 inline constexpr std::uint8_t kFunctionCurrentPatch = 0x40;
 inline constexpr std::uint8_t kFunctionCurrentMulti = 0x49;

@@ -1,4 +1,6 @@
 #include "midi/MidiGlobal.h"
+#include "midi/ReceiveEngine.h"
+#include "shell/StartUp.h"
 
 #include "midi/MidiFlowTest.h"
 #include "midi/SendFlows.h"
@@ -170,7 +172,7 @@ TEST_F(MidiGlobal, DoneEventResetsTheOutputAndShowsTheDoneTextInGreen)
     out.queue();
     out.start();
     model.midi.doneText = "Bank A has been sent";
-    host.setBusy(true);
+    holdHourglassUntilDone(model);
     out.clearLog();
     out.finishPlaying();
     EXPECT_EQ(out.log, (Log{"reset"}));
@@ -241,6 +243,34 @@ TEST(MidiWithoutPorts, EveryRoutineDoesNothing)
     doSendActive(model);
     EXPECT_TRUE(t.host.messages.empty());
     EXPECT_EQ(t.host.busyDepth, 0);
+}
+
+TEST_F(MidiGlobal, ASendThatCutsAnotherShortKeepsOneHourglassWhichTheLastDoneTakesBack)
+{
+    holdHourglassUntilDone(model);
+    holdHourglassUntilDone(model);
+    EXPECT_EQ(host.busyDepth, 1);
+    MIDIOutOpen(model);
+    out.setMessageText({0xF0, 0xF7});
+    out.queue();
+    out.start();
+    out.finishPlaying();
+    EXPECT_EQ(host.busyDepth, 0);
+    // A short send that follows has no hourglass to take back.
+    out.setMessageText({0xF0, 0xF7});
+    out.queue();
+    out.start();
+    out.finishPlaying();
+    EXPECT_EQ(host.busyDepth, 0);
+}
+
+TEST_F(MidiGlobal, ClosingTheProgramEndsAListenLeftOpen)
+{
+    mnuListen(model);
+    ASSERT_NE(in.state(), kPortClosed);
+    shutDown(model);
+    EXPECT_EQ(in.state(), kPortClosed);
+    EXPECT_EQ(out.state(), kPortClosed);
 }
 
 }  // namespace

@@ -120,6 +120,8 @@ TEST_F(ReceiveEngine, TheStatusNamesTheLastBlockEvenWhenAnEarlierOneActs)
     ASSERT_TRUE(in.arrive(strayMessage(260)));
     in.fireMessage();
     EXPECT_EQ(miscCaption, "All Multi");
+    // The kind acted on is the found block's, not the last one's.
+    EXPECT_EQ(model.midi.receivedKind, 5);
     EXPECT_EQ(host.status, "Received  data");
     EXPECT_EQ(host.statusColour, StatusColour::Done);
     EXPECT_EQ(host.message, "260 bytes");

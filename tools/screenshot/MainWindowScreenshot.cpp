@@ -10,18 +10,18 @@
 // dialog, "midi" the MIDI tab of the settings, "received" the main window
 // once bank A has been requested and has arrived.
 
+#include "editors/Navigation.h"
 #include "files/MiscDialog.h"
+#include "files/OpenSysExFile.h"
+#include "files/SettingsStore.h"
 #include "midi/MidiGlobal.h"
 #include "midi/ReceiveEngine.h"
 #include "midi/screens/MidiConnection.h"
 #include "midi/screens/frmRequest.h"
-#include "files/OpenSysExFile.h"
-#include "editors/Navigation.h"
-#include "files/SettingsStore.h"
 #include "model/ParamTables.h"
+#include "model/screens/frmParam.h"
 #include "shell/AppModel.h"
 #include "shell/StartUp.h"
-#include "model/screens/frmParam.h"
 #include "shell/screens/HelpWindow.h"
 #include "shell/screens/QtHost.h"
 #include "shell/screens/frmAbout.h"
@@ -92,7 +92,7 @@ int main(int argc, char** argv)
     quillon::frmMain window(model, host);
     const quillon::MidiConnection midi(model, quillon::MidiApi::Sim, &window);
     quillon::StartUpSurroundings surroundings;
-    surroundings.initMidi = [](quillon::AppModel& started) { return quillon::doInitMIDI(started); };
+    surroundings.initMidi = quillon::doInitMIDI;
     if (!quillon::doFormLoadMain(model, surroundings))
         return 1;
     if (!file.empty())

@@ -3,7 +3,7 @@
 #include "midi/backends/EventPump.h"
 #include "midi/backends/RtMidiOutputPort.h"
 
-#include <rtmidi/RtMidi.h>
+#include <RtMidi.h>
 
 #include <algorithm>
 
@@ -129,9 +129,10 @@ RtMidiInputPort::~RtMidiInputPort()
         std::lock_guard lock(mutex_);
         started_ = false;
     }
-    in_->closePort();
-    // Events still waiting in the pump find the port gone.
-    shared_.reset();
+    // Closing the layer ends RtMidi's thread, which may be inside takeBytes
+    // right now: it must be over before the mutex and joiner go. Events
+    // still waiting in the pump then find shared_ gone with the port.
+    in_.reset();
 }
 
 void RtMidiInputPort::setEvents(MidiInputEvents* events) { shared_->events = events; }

@@ -2,9 +2,10 @@
 
 #include "midi/backends/EventPump.h"
 
-#include <rtmidi/RtMidi.h>
+#include <RtMidi.h>
 
 #include <algorithm>
+#include <chrono>
 
 namespace quillon {
 
@@ -200,8 +201,8 @@ void RtMidiOutputPort::queue()
     // more than it can carry in one call.
     for (std::size_t at = 0; at < text_.size(); at += kMaxSysExPiece) {
         const auto end = std::min(text_.size(), at + kMaxSysExPiece);
-        queue_.push_back(Item{{text_.begin() + static_cast<std::ptrdiff_t>(at),
-                               text_.begin() + static_cast<std::ptrdiff_t>(end)}});
+        queue_.emplace_back(text_.begin() + static_cast<std::ptrdiff_t>(at),
+                            text_.begin() + static_cast<std::ptrdiff_t>(end));
     }
     wake_.notify_all();
 }
@@ -221,7 +222,7 @@ void RtMidiOutputPort::sendShort()
         }
         // While a queue plays, the note waits its turn behind it.
         if (playing_) {
-            queue_.push_back(Item{std::move(bytes), true});
+            queue_.push_back(std::move(bytes));
             wake_.notify_all();
             return;
         }
@@ -266,7 +267,7 @@ void RtMidiOutputPort::workerLoop()
             return;
         if (moved())
             continue;
-        Item item = std::move(queue_.front());
+        const std::vector<std::uint8_t> piece = std::move(queue_.front());
         queue_.pop_front();
         lock.unlock();
         const auto now = Clock::now();
@@ -275,10 +276,10 @@ void RtMidiOutputPort::workerLoop()
             // A reset between taking the piece and sending it drops it.
             std::lock_guard sending(sendMutex_);
             if (shared_->generation == generation)
-                out_->sendMessage(item.bytes.data(), item.bytes.size());
+                out_->sendMessage(piece.data(), piece.size());
         }
         due = begun + std::chrono::duration_cast<Clock::duration>(
-                          std::chrono::duration<double>(static_cast<double>(item.bytes.size()) / rate_.load()));
+                          std::chrono::duration<double>(static_cast<double>(piece.size()) / rate_.load()));
         lock.lock();
     }
 }

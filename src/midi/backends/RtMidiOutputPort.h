@@ -4,7 +4,6 @@
 #include "midi/backends/MidiSystem.h"
 
 #include <atomic>
-#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -80,14 +79,8 @@ private:
         std::atomic<MidiOutputEvents*> events{nullptr};
         std::atomic<std::uint64_t> generation{0};
     };
-    struct Item {
-        std::vector<std::uint8_t> bytes;
-        bool shortMessage = false;
-    };
 
     void workerLoop();
-    void startWorker();
-    void stopWorker();
     void stopOutput();
     void send(const std::vector<std::uint8_t>& bytes);
     void postError(int code, const std::string& text);
@@ -105,12 +98,12 @@ private:
     std::vector<std::uint8_t> text_;
     std::atomic<int> rate_{kCableSysExRate};
 
-    // Guarded by mutex_: the queue, the play flag and the generation that a
-    // reset or a close moves on, so that a piece or a done event of an
-    // earlier queue is dropped.
+    // Guarded by mutex_: the queue of pieces and notes, the play flag and
+    // the generation that a reset or a close moves on, so that a piece or a
+    // done event of an earlier queue is dropped.
     mutable std::mutex mutex_;
     std::condition_variable wake_;
-    std::deque<Item> queue_;
+    std::deque<std::vector<std::uint8_t>> queue_;
     bool open_ = false;
     bool playing_ = false;
     bool stopping_ = false;

@@ -167,8 +167,8 @@ public:
         for (const auto& piece : queue_)
             stream.insert(stream.end(), piece.begin(), piece.end());
         queue_.clear();
-        pump_.post([this, watch = AliveWatch(alive_), playing = playing_, stream = std::move(stream)] {
-            if (watch.expired() || playing != playing_)
+        pump_.post([this, watch = AliveWatch(alive_), drops = drops_, stream = std::move(stream)] {
+            if (watch.expired() || drops != drops_)
                 return;
             playOut(stream);
         });
@@ -201,7 +201,7 @@ private:
     void dropQueue()
     {
         queue_.clear();
-        ++playing_;
+        ++drops_;
     }
 
     // Runs from the pump: the instrument hears each whole message, the port
@@ -242,7 +242,7 @@ private:
     std::vector<std::vector<std::uint8_t>> queue_;
     // Raised whenever the queue is dropped, so a play-out already posted
     // knows it was cut off.
-    int playing_ = 0;
+    int drops_ = 0;
 };
 
 class SimMidiSystem : public MidiSystem {

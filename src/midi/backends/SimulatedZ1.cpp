@@ -5,6 +5,7 @@
 #include "model/LoadReport.h"
 #include "sysex/MessageCatalogue.h"
 #include "sysex/SysExBytes.h"
+#include "sysex/SysExClassifier.h"
 #include "sysex/SysExPacking.h"
 
 #include <algorithm>
@@ -12,13 +13,6 @@
 namespace quillon {
 
 namespace {
-
-constexpr std::uint8_t kDataLoadCompleted = 0x23;
-constexpr std::uint8_t kDataLoadError = 0x24;
-constexpr int kGlobalOrMidiBytes = 416;
-constexpr int kBankBytes = kPatchBytes * kPatchesPerBank;
-constexpr int kMultiBankBytes = kMultiBytes * kMultisPerBank;
-constexpr int kArpBankBytes = kPatternBytes * kPatternsPerBank;
 
 // The instrument names both banks in an All Program dump with this
 // sub-header; the program takes such bytes over as they come.
@@ -67,120 +61,91 @@ bool cleanData(std::span<const std::uint8_t> message)
     return std::all_of(message.begin() + 1, message.end() - 1, [](std::uint8_t b) { return b < 0x80; });
 }
 
-Taken takeDump(std::span<const std::uint8_t> message, Z1Memory& memory)
+bool isDumpFunction(std::uint8_t function)
+{
+    const auto shapes = dumpShapes();
+    return std::any_of(shapes.begin(), shapes.end(), [function](const DumpShape& shape) {
+        return shape.function == function || shape.otherFunction == function;
+    });
+}
+
+// The dump that comes as one message of this function code and length. Bank
+// A and bank B (and the two multi banks) share their shape here; the bank
+// select byte tells them apart.
+const DumpShape* shapeOf(std::span<const std::uint8_t> message)
 {
     const std::uint8_t function = message[kFunctionIndex];
-    const std::size_t length = message.size();
-    const std::uint8_t sub0 = length > 6 ? message[kSubHeaderIndex] : 0;
-    const std::uint8_t sub1 = length > 7 ? message[kSubHeaderIndex + 1] : 0;
-    switch (function) {
-    case kFunctionCurrentPatch:
-    case kFunctionPatchBank:
-    case kFunctionCurrentMulti:
-    case kFunctionMultiBank:
-    case kFunctionCurrentPattern:
-    case kFunctionArpBank:
-    case kFunctionGlobalOrMidi:
-    case kFunctionAllData:
-        break;
-    default:
-        return Taken::NotADump;
+    for (const DumpShape& shape : dumpShapes()) {
+        if (shape.messageCount == 1 && static_cast<std::size_t>(shape.totalBytes) == message.size() &&
+            (shape.function == function || shape.otherFunction == function))
+            return &shape;
     }
+    return nullptr;
+}
+
+SysExImage& bankOf(Z1Memory& memory, int kind)
+{
+    switch (kind) {
+    case kPatchBankA: return memory.bankA;
+    case kPatchBankB: return memory.bankB;
+    case kMultiBankA: return memory.multiBankA;
+    case kMultiBankB: return memory.multiBankB;
+    default: return memory.arpBank;  // the one other bank a dump holds
+    }
+}
+
+// The parts of an All Program, All Multi or All Data image, each into its
+// place; the part of no bank is Global and MIDI back to back.
+void takeImage(int type, const ByteImage& image, Z1Memory& memory)
+{
+    for (const ImagePart& place : miscImageLayout(type)) {
+        const ByteImage bytes = part(image, place.firstByte - 1, place.bytes());
+        if (place.kind != 0) {
+            bankOf(memory, place.kind) = DATAtoMIDI(place.kind, bytes);
+            continue;
+        }
+        const int half = place.bytes() / 2;
+        memory.global = packBytes(part(bytes, 0, half));
+        memory.midi = packBytes(part(bytes, half, half));
+    }
+}
+
+Taken takeDump(std::span<const std::uint8_t> message, Z1Memory& memory)
+{
+    if (!isDumpFunction(message[kFunctionIndex]))
+        return Taken::NotADump;
     if (!cleanData(message))
         return Taken::Refused;
-
-    if (function == kFunctionCurrentPatch || function == kFunctionPatchBank) {
-        if (length == 666 && function == kFunctionCurrentPatch) {
-            memory.currentPatch = dataOf(message, 6);
-            return Taken::Taken;
-        }
-        if (length == 668) {
-            memory.currentPatch = dataOf(message, 8);
-            return Taken::Taken;
-        }
-        if (length == 84270 && function == kFunctionPatchBank && (sub0 == kBankASelect || sub0 == kBankBSelect)) {
-            (sub0 == kBankASelect ? memory.bankA : memory.bankB) = dataOf(message, 8);
-            return Taken::Taken;
-        }
-        if (length == 168531 && function == kFunctionPatchBank) {
-            const ByteImage both = unpacked(dataOf(message, 8));
-            memory.bankA = DATAtoMIDI(kPatchBankA, part(both, 0, kBankBytes));
-            memory.bankB = DATAtoMIDI(kPatchBankB, part(both, kBankBytes, kBankBytes));
-            return Taken::Taken;
-        }
+    const DumpShape* shape = shapeOf(message);
+    if (shape == nullptr)
         return Taken::Refused;
-    }
-    if (function == kFunctionCurrentMulti || function == kFunctionMultiBank) {
-        if (length == 245 && function == kFunctionCurrentMulti) {
-            memory.currentMulti = dataOf(message, 6);
-            return Taken::Taken;
-        }
-        if (length == 248) {
-            memory.currentMulti = dataOf(message, 9);
-            return Taken::Taken;
-        }
-        if (length == 3814 && function == kFunctionMultiBank && (sub1 == kBankASelect || sub1 == kBankBSelect)) {
-            (sub1 == kBankASelect ? memory.multiBankA : memory.multiBankB) = dataOf(message, 9);
-            return Taken::Taken;
-        }
-        if (length == 7617 && function == kFunctionMultiBank) {
-            const ByteImage both = unpacked(dataOf(message, 9));
-            memory.multiBankA = DATAtoMIDI(kMultiBankA, part(both, 0, kMultiBankBytes));
-            memory.multiBankB = DATAtoMIDI(kMultiBankB, part(both, kMultiBankBytes, kMultiBankBytes));
-            return Taken::Taken;
-        }
-        return Taken::Refused;
-    }
-    if (function == kFunctionCurrentPattern) {
-        if (length != 300)
+    SysExImage data = dataOf(message, shape->headerBytes());
+    switch (shape->type) {
+    case kSysExPatch: memory.currentPatch = std::move(data); return Taken::Taken;
+    case kSysExSingleMulti: memory.currentMulti = std::move(data); return Taken::Taken;
+    case kSysExSinglePattern: memory.currentPattern = std::move(data); return Taken::Taken;
+    case kSysExArpBank: memory.arpBank = std::move(data); return Taken::Taken;
+    case kSysExGlobalOrMidi:
+        (message[kSubHeaderIndex] == 0 ? memory.global : memory.midi) = std::move(data);
+        return Taken::Taken;
+    case kSysExPatchBank:
+    case kSysExMultiBank: {
+        // A bank names itself in its first sub-header byte, a multi bank in
+        // its second.
+        const bool multi = shape->type == kSysExMultiBank;
+        const std::uint8_t select = message[kSubHeaderIndex + (multi ? 1 : 0)];
+        if (select != kBankASelect && select != kBankBSelect)
             return Taken::Refused;
-        memory.currentPattern = dataOf(message, 6);
+        const int first = multi ? kMultiBankA : kPatchBankA;
+        bankOf(memory, select == kBankASelect ? first : first + 1) = std::move(data);
         return Taken::Taken;
     }
-    if (function == kFunctionArpBank) {
-        if (length != 5860)
-            return Taken::Refused;
-        memory.arpBank = dataOf(message, 7);
+    default:  // All Program, All Multi, All Data
+        takeImage(shape->type, unpacked(data), memory);
         return Taken::Taken;
     }
-    if (function == kFunctionGlobalOrMidi) {
-        if (length != 483)
-            return Taken::Refused;
-        (sub0 == 0 ? memory.global : memory.midi) = dataOf(message, 6);
-        return Taken::Taken;
-    }
-    // All Data: both banks, both multi banks, the arpeggiator bank, then
-    // Global and MIDI.
-    if (length != 182939)
-        return Taken::Refused;
-    const ByteImage all = unpacked(dataOf(message, 7));
-    int at = 0;
-    memory.bankA = DATAtoMIDI(kPatchBankA, part(all, at, kBankBytes));
-    memory.bankB = DATAtoMIDI(kPatchBankB, part(all, at += kBankBytes, kBankBytes));
-    memory.multiBankA = DATAtoMIDI(kMultiBankA, part(all, at += kBankBytes, kMultiBankBytes));
-    memory.multiBankB = DATAtoMIDI(kMultiBankB, part(all, at += kMultiBankBytes, kMultiBankBytes));
-    memory.arpBank = DATAtoMIDI(kArpBank, part(all, at += kMultiBankBytes, kArpBankBytes));
-    memory.global = packBytes(part(all, at += kArpBankBytes, kGlobalOrMidiBytes));
-    memory.midi = packBytes(part(all, at + kGlobalOrMidiBytes, kGlobalOrMidiBytes));
-    return Taken::Taken;
 }
 
-// The index of the request in the request list, or -1.
-int requestIndex(std::span<const std::uint8_t> message)
-{
-    const auto requests = dumpRequests();
-    for (std::size_t i = 0; i < requests.size(); ++i) {
-        const DumpRequest& request = requests[i];
-        if (message.size() != static_cast<std::size_t>(kCommonHeaderBytes + request.furtherCount + 1))
-            continue;
-        if (message[kFunctionIndex] != request.function)
-            continue;
-        if (std::equal(request.further.begin(), request.further.begin() + request.furtherCount,
-                       message.begin() + kSubHeaderIndex))
-            return static_cast<int>(i);
-    }
-    return -1;
-}
 
 }  // namespace
 
@@ -195,14 +160,14 @@ std::vector<SysExMessage> SimulatedZ1::receiveSysEx(std::span<const std::uint8_t
         if (one.size() < 6 || one[1] != kKorgId || one[kChannelIndex] != channelByte(globalChannel_) ||
             one[3] != kZ1ModelId)
             continue;
-        const int request = requestIndex(one);
+        const int request = dumpRequestIndex(one);
         if (request >= 0) {
             answers.push_back(dumpFor(request));
             continue;
         }
         switch (takeDump(one, memory_)) {
-        case Taken::Taken: answers.push_back(shortAnswer(globalChannel_, kDataLoadCompleted)); break;
-        case Taken::Refused: answers.push_back(shortAnswer(globalChannel_, kDataLoadError)); break;
+        case Taken::Taken: answers.push_back(shortAnswer(globalChannel_, kFunctionDataLoadCompleted)); break;
+        case Taken::Refused: answers.push_back(shortAnswer(globalChannel_, kFunctionDataLoadError)); break;
         case Taken::NotADump: break;
         }
     }

@@ -1,6 +1,5 @@
 #include "midi/backends/Z1FactoryMemory.h"
 
-#include "model/BankImage.h"
 #include "model/Kind.h"
 #include "model/ParamImage.h"
 #include "model/ParamTables.h"

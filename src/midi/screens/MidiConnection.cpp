@@ -13,24 +13,17 @@
 
 namespace quillon {
 
-namespace {
-
-constexpr int kMidiErrorHelpContext = 310;
-
-}  // namespace
-
-MidiConnection::MidiConnection(AppModel& model, MidiApi api, QWidget* mainWindow, const MidiSystemOptions& options)
-    : model_(model)
+MidiConnection::MidiConnection(AppModel& model, MidiApi api, QWidget* mainWindow) : model_(model)
 {
-    MidiSystemOptions chosen = options;
-    chosen.sysExRate = storedSysExRate(model.store());
-    system_ = openMidiSystem(api, pump_, chosen);
+    MidiSystemOptions options;
+    options.sysExRate = storedSysExRate(model.store());
+    system_ = openMidiSystem(api, pump_, options);
     model_.midi.attach(&system_->output(), &system_->input(), &timerMain_);
     QPointer<QWidget> parent(mainWindow);
     model_.midi.surroundings.showMiscDialog = [parent](AppModel& m, MiscDialogState& state) {
         showMiscDialog(m, state, parent.data());
     };
-    model_.midi.surroundings.unloadRequestDialog = [] { unloadRequestDialog(); };
+    model_.midi.surroundings.unloadRequestDialog = unloadRequestDialog;
     registerMidiSystem(system_.get());
 }
 
@@ -49,8 +42,7 @@ bool startMidi(AppModel& model, QWidget* mainWindow, std::unique_ptr<MidiConnect
         connection = std::make_unique<MidiConnection>(model, chooseMidiApi(std::getenv("QUILLON_MIDI_API")),
                                                       mainWindow);
     } catch (const MidiError& error) {
-        model.host().showMessage({"MIDI Error", midiErrorText(error.code(), error.what()), MessageIcon::Exclamation,
-                                  MessageButtons::Ok, true, kMidiErrorHelpContext});
+        showMidiError(model, error.code(), error.what());
         return false;
     }
     return doInitMIDI(model);

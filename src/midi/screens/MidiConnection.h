@@ -21,7 +21,7 @@ class MidiConnection {
 public:
     // Opens `api` at the SysEx rate of the per-user store; a system that
     // cannot be opened throws MidiError.
-    MidiConnection(AppModel& model, MidiApi api, QWidget* mainWindow, const MidiSystemOptions& options = {});
+    MidiConnection(AppModel& model, MidiApi api, QWidget* mainWindow);
     ~MidiConnection();
     MidiConnection(const MidiConnection&) = delete;
     MidiConnection& operator=(const MidiConnection&) = delete;

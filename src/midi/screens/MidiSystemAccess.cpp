@@ -40,16 +40,14 @@ void chooseMidiInputDevice(AppModel& model, int device)
 {
     model.settings.inputDevice = device;
     model.changed(kSettingsChanged);
-    if (model.midi.attached())
-        MIDIInOpen(model);
+    MIDIInOpen(model);
 }
 
 void chooseMidiOutputDevice(AppModel& model, int device)
 {
     model.settings.outputDevice = device;
     model.changed(kSettingsChanged);
-    if (model.midi.attached())
-        MIDIOutOpen(model);
+    MIDIOutOpen(model);
 }
 
 std::span<const int> sysExRateChoices() { return kSysExRates; }

@@ -21,8 +21,8 @@ int QtTimer::interval() const { return timer_.interval(); }
 
 void QtTimer::setEnabled(bool enabled)
 {
-    // Enabling a running timer leaves it running: only the interval counts
-    // from the last change.
+    // Enabling a timer that runs already does not start its count again;
+    // QTimer::start would.
     if (enabled && !timer_.isActive())
         timer_.start();
     else if (!enabled)

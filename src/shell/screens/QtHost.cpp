@@ -102,7 +102,11 @@ void QtHost::setStatus(const std::string& text, StatusColour colour)
     if (status_ == nullptr)
         return;
     status_->setText(QString::fromStdString(text));
-    status_->setStyleSheet("color: " + colourName(colour) + ";");
+    // Set only when the colour changes: a new style sheet polishes the label
+    // again, and the receive and send flows set the line often.
+    const QString style = "color: " + colourName(colour) + ";";
+    if (status_->styleSheet() != style)
+        status_->setStyleSheet(style);
     // Painted at once: a bank conversion or a send may keep the event loop
     // busy before the next paint, and the line must say what is going on.
     status_->repaint();

@@ -264,23 +264,17 @@ void frmMain::wireMidiCommands()
     setCommand("mnuResetOutput", [&m] { mnuResetOutput(m); });
 }
 
-void frmMain::resetMidi()
-{
-    // A Listen or request left open, or a send still playing, ends before
-    // the files are touched.
-    if (model_.midi.attached())
-        resetGlobalMIDIAll(model_);
-}
-
+// A Listen or request left open, or a send still playing, ends before the
+// files are touched: resetGlobalMIDIAll comes first in Open, Save and Save As.
 void frmMain::saveFile(int how)
 {
-    resetMidi();
+    resetGlobalMIDIAll(model_);
     saveCommand(model_, how);
 }
 
 void frmMain::openFile(int recentIndex)
 {
-    resetMidi();
+    resetGlobalMIDIAll(model_);
     OpenFileSurroundings surroundings;
     surroundings.showMiscDialog = [this](AppModel& model, MiscDialogState& state) {
         showMiscDialog(model, state, this);
@@ -359,7 +353,6 @@ void frmMain::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    resetMidi();
     shutDown(model_);
     event->accept();
     // Every other form of the program goes with the main form.

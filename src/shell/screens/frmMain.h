@@ -49,7 +49,6 @@ private:
     void refreshRecentFiles();
     void openFile(int recentIndex);
     void saveFile(int how);
-    void resetMidi();
 
     AppModel& model_;
     QtHost& host_;

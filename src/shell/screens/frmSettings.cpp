@@ -198,7 +198,6 @@ void frmSettings::buildMidi(QWidget* frame)
     auto* column = new QVBoxLayout(frame);
     auto* row = new QHBoxLayout;
     column->addLayout(row);
-    column->addStretch(1);
     const auto addPort = [&](const char* frameName, const char* caption, const char* deviceName,
                              const char* deviceCaption, const std::vector<std::string>& names, int* device,
                              void (*chooseDevice)(AppModel&, int), const char* channelName,
@@ -232,7 +231,8 @@ void frmSettings::buildMidi(QWidget* frame)
     // How fast SysEx goes out, kept in the per-user store rather than the
     // settings file.
     auto* pace = new QGridLayout;
-    column->insertLayout(1, pace);
+    column->addLayout(pace);
+    column->addStretch(1);
     QComboBox* rate = addCombo(frame, pace, 0, "cmbSysExRate", "SysEx rate (bytes per second)");
     const std::span<const int> rates = sysExRateChoices();
     for (int r : rates)

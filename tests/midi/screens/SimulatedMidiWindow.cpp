@@ -5,7 +5,6 @@
 #include "shell/StartUp.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -27,15 +26,7 @@ SimulatedZ1& SimulatedMidiWindow::z1() { return *midi->system().simulator(); }
 
 bool runEventsUntil(const std::function<bool()>& done, int milliseconds)
 {
-    QDeadlineTimer deadline(milliseconds);
-    while (!done()) {
-        if (deadline.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        if (!done())
-            QTest::qWait(5);
-    }
-    return true;
+    return QTest::qWaitFor(done, milliseconds);
 }
 
 void runWaitingEvents()
