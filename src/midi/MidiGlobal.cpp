@@ -84,6 +84,20 @@ void showMidiError(AppModel& model, int number, const std::string& description)
     model.host().showMessage(box);
 }
 
+void chooseMidiInputDevice(AppModel& model, int device)
+{
+    model.settings.inputDevice = device;
+    model.changed(kSettingsChanged);
+    MIDIInOpen(model);
+}
+
+void chooseMidiOutputDevice(AppModel& model, int device)
+{
+    model.settings.outputDevice = device;
+    model.changed(kSettingsChanged);
+    MIDIOutOpen(model);
+}
+
 void MIDIOutOpen(AppModel& model)
 {
     if (!model.midi.attached())

@@ -23,6 +23,11 @@ std::string midiErrorText(int number, const std::string& description);
 // it.
 void showMidiError(AppModel& model, int number, const std::string& description);
 
+// A device chosen in the settings: stored as MidiInDevice or MidiOutDevice,
+// and opened at once.
+void chooseMidiInputDevice(AppModel& model, int device);
+void chooseMidiOutputDevice(AppModel& model, int device);
+
 void MIDIOutOpen(AppModel& model);
 void MIDIInOpen(AppModel& model);
 void resetGlobalMIDIOutput(AppModel& model);

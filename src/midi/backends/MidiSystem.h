@@ -1,6 +1,7 @@
 #pragma once
 
 #include "midi/MidiPorts.h"
+#include "midi/SysExRate.h"
 
 #include <memory>
 #include <optional>
@@ -24,10 +25,6 @@ std::optional<MidiApi> midiApiFromName(std::string_view name);
 MidiApi chooseMidiApi(const char* environmentValue);
 // The systems compiled into this program, the simulator included.
 std::vector<MidiApi> compiledMidiApis();
-
-// The speed of a MIDI cable in bytes a second: the default pace of SysEx
-// output, so that no interface overruns the instrument.
-inline constexpr int kCableSysExRate = 3125;
 
 struct MidiSystemOptions {
     // Bytes a second at most for SysEx output.

@@ -1,6 +1,7 @@
 #include "midi/screens/MidiConnection.h"
 
 #include "midi/MidiGlobal.h"
+#include "midi/SysExRate.h"
 #include "midi/screens/MidiSystemAccess.h"
 #include "midi/screens/frmRequest.h"
 #include "shell/AppModel.h"

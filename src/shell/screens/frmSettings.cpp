@@ -1,6 +1,8 @@
 #include "shell/screens/frmSettings.h"
 
 #include "files/SuggestedNames.h"
+#include "midi/MidiGlobal.h"
+#include "midi/SysExRate.h"
 #include "midi/screens/MidiSystemAccess.h"
 #include "model/ValueDecoder.h"
 #include "shell/AppModel.h"

@@ -1,4 +1,6 @@
 #include "files/MiscDialog.h"
+#include "midi/MidiGlobal.h"
+#include "midi/SysExRate.h"
 #include "midi/backends/SimulatedZ1.h"
 #include "midi/screens/MidiSystemAccess.h"
 #include "midi/screens/SimulatedMidiWindow.h"
