@@ -79,10 +79,9 @@ int measure(int rate)
     const auto begun = Clock::now();
     out.start();
     const auto deadline = begun + std::chrono::seconds(120);
-    auto doneAt = begun;
     while (!watch.done && !watch.failed && Clock::now() < deadline)
         pump.waitAndRun(std::chrono::milliseconds(100));
-    doneAt = Clock::now();
+    const auto doneAt = Clock::now();
     const auto acknowledged = [&] {
         return std::find(watch.heard.begin(), watch.heard.end(), acknowledgement) != watch.heard.end();
     };
