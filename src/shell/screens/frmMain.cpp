@@ -1,9 +1,9 @@
 #include "shell/screens/frmMain.h"
 
-#include "editors/ColourSchemes.h"
 #include "editors/Frames.h"
 #include "editors/ItemStatus.h"
 #include "editors/screens/EditorScreens.h"
+#include "editors/screens/EditorWidgets.h"
 #include "files/OpenSysExFile.h"
 #include "files/SysExSaving.h"
 #include "files/UserFiles.h"
@@ -30,7 +30,6 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMouseEvent>
-#include <QPalette>
 #include <QShortcut>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -52,30 +51,13 @@ constexpr LabelPlace kLabelPlaces[] = {
     {kMultiBankB, "lblMultiBankB"}, {kArpBank, "lblArpBank"},
 };
 
-QColor systemColour(SystemColour which, const QPalette& palette)
+// A label of fraLoaded: its colour scheme, and a frame and bold type when
+// it is the one the screen works on.
+QString styleOf(int scheme, bool highlighted, const QWidget* label)
 {
-    switch (which) {
-    case SystemColour::ButtonFace: return palette.color(QPalette::Button);
-    case SystemColour::ButtonText: return palette.color(QPalette::ButtonText);
-    case SystemColour::Highlight: return palette.color(QPalette::Highlight);
-    case SystemColour::HighlightText: return palette.color(QPalette::HighlightedText);
-    case SystemColour::None: break;
-    }
-    return {};
-}
-
-QString styleOf(int scheme, bool highlighted, const QPalette& palette)
-{
-    QString style = highlighted ? "font-weight: bold; border: 1px solid black;" : "border: 1px solid transparent;";
-    if (const ColourScheme* colours = colourScheme(scheme)) {
-        const QColor background = colours->backgroundSystem != SystemColour::None
-                                      ? systemColour(colours->backgroundSystem, palette)
-                                      : QColor(QRgb(colours->background));
-        const QColor text = colours->textSystem != SystemColour::None ? systemColour(colours->textSystem, palette)
-                                                                      : QColor(QRgb(colours->text));
-        style += QString(" background-color: %1; color: %2;").arg(background.name(), text.name());
-    }
-    return style + " padding: 2px 6px;";
+    const QString frame = highlighted ? "font-weight: bold; border: 1px solid black; "
+                                      : "border: 1px solid transparent; ";
+    return frame + schemeStyle(scheme, label) + " padding: 2px 6px;";
 }
 
 }  // namespace
@@ -308,7 +290,7 @@ void frmMain::refreshLabels()
     for (const auto& [kind, label] : loadedLabels_) {
         const LoadedLabel& state = model_.labels.label(kind);
         label->setText(QString::fromStdString(state.text));
-        label->setStyleSheet(styleOf(state.scheme, state.highlighted, palette()));
+        restyle(label, styleOf(state.scheme, state.highlighted, label));
     }
 }
 
