@@ -1,7 +1,7 @@
 #include "midi/backends/RtMidiInputPort.h"
 
 #include "midi/backends/EventPump.h"
-#include "midi/backends/RtMidiOutputPort.h"
+#include "sysex/SysExBytes.h"
 
 #include <RtMidi.h>
 
@@ -11,8 +11,6 @@ namespace quillon {
 
 namespace {
 
-constexpr std::uint8_t kSysExStart = 0xF0;
-constexpr std::uint8_t kSysExEnd = 0xF7;
 constexpr std::uint8_t kFirstRealTime = 0xF8;
 
 // The smallest buffer RtMidi is given: its own default.
@@ -95,28 +93,15 @@ void MidiMessageJoiner::clear()
 }
 
 RtMidiInputPort::RtMidiInputPort(MidiApi api, const std::string& clientName, EventPump& pump)
-    : pump_(pump), shared_(std::make_shared<Shared>())
+    : pump_(pump),
+      shared_(std::make_shared<Shared>()),
+      layer_(RtMidiDirection::Input, api, clientName,
+             [this](int code, const std::string& text) { postError(code, text); })
 {
-    const auto rtApi = static_cast<RtMidi::Api>(rtMidiApiNumber(api));
-    try {
-        in_ = std::make_unique<RtMidiIn>(rtApi, clientName);
-    } catch (const RtMidiError& error) {
-        throw MidiError(rtMidiErrorCode(error.getType()), error.getMessage());
-    }
-    in_->setErrorCallback(
-        [](RtMidiError::Type type, const std::string& text, void* self) {
-            static_cast<RtMidiInputPort*>(self)->onRtMidiError(type, text);
-        },
-        this);
-    opening_ = true;
-    in_->getPortCount();
-    opening_ = false;
-    if (!openError_.empty())
-        throw MidiError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR), openError_);
     joiner_.setLimit(static_cast<std::size_t>(bufferSize_));
     // SysEx in; clock, time code and active sensing stay out at the layer.
-    in_->ignoreTypes(false, true, true);
-    in_->setCallback(
+    layer_.in().ignoreTypes(false, true, true);
+    layer_.in().setCallback(
         [](double, std::vector<unsigned char>* message, void* self) {
             static_cast<RtMidiInputPort*>(self)->takeBytes(message->data(), message->size());
         },
@@ -132,7 +117,7 @@ RtMidiInputPort::~RtMidiInputPort()
     // Closing the layer ends RtMidi's thread, which may be inside takeBytes
     // right now: it must be over before the mutex and joiner go. Events
     // still waiting in the pump then find shared_ gone with the port.
-    in_.reset();
+    layer_.shutDown();
 }
 
 void RtMidiInputPort::setEvents(MidiInputEvents* events) { shared_->events = events; }
@@ -159,19 +144,11 @@ void RtMidiInputPort::setBufferSize(int bytes)
     joiner_.setLimit(static_cast<std::size_t>(bufferSize_));
 }
 
-std::vector<std::string> RtMidiInputPort::deviceNames() const
-{
-    std::vector<std::string> names;
-    const unsigned count = in_->getPortCount();
-    for (unsigned i = 0; i < count; ++i)
-        names.push_back(in_->getPortName(i));
-    return names;
-}
+std::vector<std::string> RtMidiInputPort::deviceNames() const { return layer_.deviceNames(); }
 
 void RtMidiInputPort::setDevice(int device)
 {
-    if (in_->getPortCount() == 0)
-        throw MidiError(rtMidiErrorCode(RtMidiError::NO_DEVICES_FOUND), "No MIDI input device was found");
+    layer_.requireDevices();
     device_ = device;
 }
 
@@ -200,28 +177,18 @@ void RtMidiInputPort::prepareOpening()
         std::lock_guard lock(mutex_);
         bytes = bufferSize_;
     }
-    in_->setBufferSize(static_cast<unsigned>(std::max(bytes, kLayerBufferFloor)), kLayerBufferCount);
-    openError_.clear();
+    layer_.in().setBufferSize(static_cast<unsigned>(std::max(bytes, kLayerBufferFloor)), kLayerBufferCount);
 }
 
 void RtMidiInputPort::open()
 {
     if (open_)
         return;
-    const unsigned count = in_->getPortCount();
-    if (device_ < 0 || static_cast<unsigned>(device_) >= count) {
-        postError(rtMidiErrorCode(RtMidiError::INVALID_DEVICE),
-                  "MIDI input device " + std::to_string(device_) + " is not there");
-        return;
-    }
     prepareOpening();
-    opening_ = true;
-    in_->openPort(static_cast<unsigned>(device_), "midi");
-    opening_ = false;
-    if (!in_->isPortOpen()) {
-        postError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR),
-                  openError_.empty() ? "MIDI input device " + std::to_string(device_) + " cannot be opened"
-                                     : openError_);
+    int code = 0;
+    std::string text;
+    if (!layer_.openDevice(device_, code, text)) {
+        postError(code, text);
         return;
     }
     open_ = true;
@@ -230,11 +197,7 @@ void RtMidiInputPort::open()
 void RtMidiInputPort::openVirtual(const std::string& portName)
 {
     prepareOpening();
-    opening_ = true;
-    in_->openVirtualPort(portName);
-    opening_ = false;
-    if (!openError_.empty())
-        throw MidiError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR), openError_);
+    layer_.openVirtual(portName);
     open_ = true;
 }
 
@@ -244,7 +207,7 @@ void RtMidiInputPort::close()
     if (!open_)
         return;
     open_ = false;
-    in_->closePort();
+    layer_.midi().closePort();
 }
 
 void RtMidiInputPort::start()
@@ -301,16 +264,6 @@ void RtMidiInputPort::arrive(std::vector<std::uint8_t> message)
     waiting_.push_back(std::move(message));
     if (MidiInputEvents* events = shared_->events)
         events->inputMessage();
-}
-
-void RtMidiInputPort::onRtMidiError(int type, const std::string& text)
-{
-    if (opening_) {
-        if (type != RtMidiError::DEBUG_WARNING)
-            openError_ = text;
-        return;
-    }
-    postError(rtMidiErrorCode(type), text);
 }
 
 void RtMidiInputPort::postError(int code, const std::string& text)

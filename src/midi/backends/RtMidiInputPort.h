@@ -2,6 +2,7 @@
 
 #include "midi/MidiPorts.h"
 #include "midi/backends/MidiSystem.h"
+#include "midi/backends/RtMidiLayer.h"
 
 #include <array>
 #include <atomic>
@@ -11,8 +12,6 @@
 #include <mutex>
 #include <string>
 #include <vector>
-
-class RtMidiIn;
 
 namespace quillon {
 
@@ -88,13 +87,14 @@ private:
 
     void arrive(std::vector<std::uint8_t> message);
     void postError(int code, const std::string& text);
-    void onRtMidiError(int type, const std::string& text);
     void prepareOpening();
     void stopInput();
 
     EventPump& pump_;
-    std::unique_ptr<RtMidiIn> in_;
     std::shared_ptr<Shared> shared_;
+    // After shared_: the layer's errors are posted with it until the layer
+    // is gone.
+    RtMidiLayer layer_;
 
     int device_ = 0;
     bool open_ = false;
@@ -108,9 +108,6 @@ private:
 
     // The owner's thread only.
     std::deque<std::vector<std::uint8_t>> waiting_;
-
-    std::atomic<bool> opening_{false};
-    std::string openError_;
 };
 
 }  // namespace quillon

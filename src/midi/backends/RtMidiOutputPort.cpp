@@ -26,52 +26,12 @@ bool isTwoByteStatus(int status)
 
 }  // namespace
 
-int rtMidiErrorCode(int rtMidiErrorType)
-{
-    if (rtMidiErrorType == RtMidiError::WARNING || rtMidiErrorType == RtMidiError::DEBUG_WARNING)
-        return 0;
-    return kRtMidiErrorBase + rtMidiErrorType;
-}
-
-int rtMidiApiNumber(MidiApi api)
-{
-    RtMidi::Api wanted = RtMidi::UNSPECIFIED;
-    switch (api) {
-    case MidiApi::Alsa: wanted = RtMidi::LINUX_ALSA; break;
-    case MidiApi::Jack: wanted = RtMidi::UNIX_JACK; break;
-    case MidiApi::CoreMidi: wanted = RtMidi::MACOSX_CORE; break;
-    case MidiApi::WinMm: wanted = RtMidi::WINDOWS_MM; break;
-    case MidiApi::Sim: break;
-    }
-    std::vector<RtMidi::Api> compiled;
-    RtMidi::getCompiledApi(compiled);
-    if (wanted == RtMidi::UNSPECIFIED || std::find(compiled.begin(), compiled.end(), wanted) == compiled.end())
-        throw MidiError(rtMidiErrorCode(RtMidiError::INVALID_PARAMETER),
-                        "The MIDI system " + std::string(midiApiName(api)) + " is not available in RtMidi");
-    return wanted;
-}
-
 RtMidiOutputPort::RtMidiOutputPort(MidiApi api, const std::string& clientName, EventPump& pump)
-    : pump_(pump), shared_(std::make_shared<Shared>())
+    : pump_(pump),
+      shared_(std::make_shared<Shared>()),
+      layer_(RtMidiDirection::Output, api, clientName,
+             [this](int code, const std::string& text) { postError(code, text); })
 {
-    const auto rtApi = static_cast<RtMidi::Api>(rtMidiApiNumber(api));
-    try {
-        out_ = std::make_unique<RtMidiOut>(rtApi, clientName);
-    } catch (const RtMidiError& error) {
-        throw MidiError(rtMidiErrorCode(error.getType()), error.getMessage());
-    }
-    out_->setErrorCallback(
-        [](RtMidiError::Type type, const std::string& text, void* self) {
-            static_cast<RtMidiOutputPort*>(self)->onRtMidiError(type, text);
-        },
-        this);
-    // Some layers (JACK without a server) only warn when they cannot start:
-    // asking for the devices shows whether the layer works.
-    opening_ = true;
-    out_->getPortCount();
-    opening_ = false;
-    if (!openError_.empty())
-        throw MidiError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR), openError_);
     worker_ = std::thread([this] { workerLoop(); });
 }
 
@@ -86,7 +46,7 @@ RtMidiOutputPort::~RtMidiOutputPort()
     wake_.notify_all();
     worker_.join();
     std::lock_guard sending(sendMutex_);
-    out_->closePort();
+    layer_.midi().closePort();
 }
 
 void RtMidiOutputPort::setEvents(MidiOutputEvents* events) { shared_->events = events; }
@@ -99,19 +59,11 @@ int RtMidiOutputPort::state() const
     return playing_ ? kPortBusy : kPortOpen;
 }
 
-std::vector<std::string> RtMidiOutputPort::deviceNames() const
-{
-    std::vector<std::string> names;
-    const unsigned count = out_->getPortCount();
-    for (unsigned i = 0; i < count; ++i)
-        names.push_back(out_->getPortName(i));
-    return names;
-}
+std::vector<std::string> RtMidiOutputPort::deviceNames() const { return layer_.deviceNames(); }
 
 void RtMidiOutputPort::setDevice(int device)
 {
-    if (out_->getPortCount() == 0)
-        throw MidiError(rtMidiErrorCode(RtMidiError::NO_DEVICES_FOUND), "No MIDI output device was found");
+    layer_.requireDevices();
     device_ = device;
 }
 
@@ -119,23 +71,15 @@ void RtMidiOutputPort::open()
 {
     if (state() != kPortClosed)
         return;
-    const unsigned count = out_->getPortCount();
-    if (device_ < 0 || static_cast<unsigned>(device_) >= count) {
-        postError(rtMidiErrorCode(RtMidiError::INVALID_DEVICE),
-                  "MIDI output device " + std::to_string(device_) + " is not there");
-        return;
-    }
+    int code = 0;
+    std::string text;
+    bool opened = false;
     {
         std::lock_guard sending(sendMutex_);
-        openError_.clear();
-        opening_ = true;
-        out_->openPort(static_cast<unsigned>(device_), "midi");
-        opening_ = false;
+        opened = layer_.openDevice(device_, code, text);
     }
-    if (!out_->isPortOpen()) {
-        postError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR),
-                  openError_.empty() ? "MIDI output device " + std::to_string(device_) + " cannot be opened"
-                                     : openError_);
+    if (!opened) {
+        postError(code, text);
         return;
     }
     std::lock_guard lock(mutex_);
@@ -146,13 +90,8 @@ void RtMidiOutputPort::openVirtual(const std::string& portName)
 {
     {
         std::lock_guard sending(sendMutex_);
-        openError_.clear();
-        opening_ = true;
-        out_->openVirtualPort(portName);
-        opening_ = false;
+        layer_.openVirtual(portName);
     }
-    if (!openError_.empty())
-        throw MidiError(rtMidiErrorCode(RtMidiError::DRIVER_ERROR), openError_);
     std::lock_guard lock(mutex_);
     open_ = true;
 }
@@ -167,7 +106,7 @@ void RtMidiOutputPort::close()
         open_ = false;
     }
     std::lock_guard sending(sendMutex_);
-    out_->closePort();
+    layer_.midi().closePort();
 }
 
 void RtMidiOutputPort::start()
@@ -235,7 +174,7 @@ void RtMidiOutputPort::setSysExRate(int bytesPerSecond) { rate_ = std::max(1, by
 void RtMidiOutputPort::send(const std::vector<std::uint8_t>& bytes)
 {
     std::lock_guard sending(sendMutex_);
-    out_->sendMessage(bytes.data(), bytes.size());
+    layer_.out().sendMessage(bytes.data(), bytes.size());
 }
 
 void RtMidiOutputPort::workerLoop()
@@ -276,23 +215,12 @@ void RtMidiOutputPort::workerLoop()
             // A reset between taking the piece and sending it drops it.
             std::lock_guard sending(sendMutex_);
             if (shared_->generation == generation)
-                out_->sendMessage(piece.data(), piece.size());
+                layer_.out().sendMessage(piece.data(), piece.size());
         }
         due = begun + std::chrono::duration_cast<Clock::duration>(
                           std::chrono::duration<double>(static_cast<double>(piece.size()) / rate_.load()));
         lock.lock();
     }
-}
-
-void RtMidiOutputPort::onRtMidiError(int type, const std::string& text)
-{
-    if (opening_) {
-        // Opening reports by its result; keep the layer's words for it.
-        if (type != RtMidiError::DEBUG_WARNING)
-            openError_ = text;
-        return;
-    }
-    postError(rtMidiErrorCode(type), text);
 }
 
 void RtMidiOutputPort::postError(int code, const std::string& text)

@@ -2,6 +2,7 @@
 
 #include "midi/MidiPorts.h"
 #include "midi/backends/MidiSystem.h"
+#include "midi/backends/RtMidiLayer.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -13,8 +14,6 @@
 #include <thread>
 #include <vector>
 
-class RtMidiOut;
-
 namespace quillon {
 
 class EventPump;
@@ -23,16 +22,6 @@ class EventPump;
 // over JACK loses a single message larger than its ring buffer, while the
 // receiving side joins pieces sent one after the other.
 inline constexpr std::size_t kMaxSysExPiece = 1000;
-
-// Error codes of the RtMidi ports, as the "[Error ...]" line and the status
-// line show them. A warning of the layer is code 0, a harmless notice; a
-// failure is 100 plus RtMidi's error type.
-inline constexpr int kRtMidiErrorBase = 100;
-int rtMidiErrorCode(int rtMidiErrorType);
-
-// RtMidi's number for a MIDI system; throws MidiError for one that RtMidi
-// does not offer or that was not compiled into it.
-int rtMidiApiNumber(MidiApi api);
 
 // The output port over RtMidi: a queue of raw bytes played out by a worker
 // thread at no more than the SysEx rate, so that an instrument behind a
@@ -85,11 +74,12 @@ private:
     void send(const std::vector<std::uint8_t>& bytes);
     void postError(int code, const std::string& text);
     void postDone(std::uint64_t generation);
-    void onRtMidiError(int type, const std::string& text);
 
     EventPump& pump_;
-    std::unique_ptr<RtMidiOut> out_;
     std::shared_ptr<Shared> shared_;
+    // After shared_: the layer's errors are posted with it until the layer
+    // is gone.
+    RtMidiLayer layer_;
 
     int device_ = 0;
     int messageType_ = 240;
@@ -112,8 +102,6 @@ private:
     // RtMidi is not safe from two threads at once: every call that sends
     // holds this.
     std::mutex sendMutex_;
-    std::atomic<bool> opening_{false};
-    std::string openError_;
 };
 
 }  // namespace quillon
