@@ -1,8 +1,11 @@
 #pragma once
 
+#include "banks/BankSelection.h"
+#include "banks/BankUndoRing.h"
 #include "editors/KindFlags.h"
 #include "model/DataTypes.h"
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -40,12 +43,16 @@ public:
     int lastPutMulti = 0;
     int lastPutPattern = 0;
 
-    // The undo ring of bank reorderings: eleven slots, at most ten steps;
-    // head and tail both 1 when it is empty.
-    int undoHead = 1;
-    int undoTail = 1;
-    bool undoEmpty() const { return undoHead == undoTail; }
-    void clearUndo() { undoHead = undoTail = 1; }
+    // The selection of each PatchBank in the bank view: index 0 bank A,
+    // 1 bank B.
+    std::array<BankSelection, 2> selections{};
+    BankSelection& selection(int bank) { return selections[bank == 3 ? 1 : 0]; }
+    const BankSelection& selection(int bank) const { return selections[bank == 3 ? 1 : 0]; }
+
+    // The undo ring of bank reorderings, one for both PatchBanks.
+    BankUndoRing undo;
+    bool undoEmpty() const { return undo.empty(); }
+    void clearUndo() { undo.clear(); }
 
 private:
     void writeMember(int kind, int position, int memberBytes, std::span<const std::uint8_t> member);

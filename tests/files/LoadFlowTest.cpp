@@ -175,7 +175,7 @@ TEST_F(LoadFlow, PostLoadOfABankUnpacksItsPackedData)
     model.bankTarget = kPatchBankB;
     model.packed[kPatchBankB] = DATAtoMIDI(kPatchBankB, image);
     model.packed[kPatchBankB].push_back(0xF7);
-    model.banks.undoHead = 4;
+    model.banks.undo.undoHead = 4;
     host.setStatus("Converted bank data", StatusColour::Done);
     RecordingObserver observer;
     model.addObserver(&observer);
