@@ -24,12 +24,12 @@ struct UndoSlot {
 struct BankUndoRing {
     int undoHead = 1;
     int undoTail = 1;
-    std::array<UndoSlot, kUndoSlots + 1> slots{};  // indices 1..11 used
+    std::array<UndoSlot, kUndoSlots + 1> ring{};  // indices 1..11 used
 
     bool empty() const { return undoHead == undoTail; }
     void clear() { undoHead = undoTail = 1; }
-    UndoSlot& head() { return slots[undoHead]; }
-    const UndoSlot& head() const { return slots[undoHead]; }
+    UndoSlot& head() { return ring[undoHead]; }
+    const UndoSlot& head() const { return ring[undoHead]; }
 };
 
 }  // namespace quillon
