@@ -2,15 +2,17 @@
 // program started as a user starts it, with a file opened if one is given,
 // and the main window or one of its forms drawn into a PNG file.
 //
-// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope|request|midi|received] [FILE.syx]
+// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope|mod|request|midi|received] [FILE.syx]
 //
 // "patch" shows the patch screen with OSC1 in the left frame and its
-// setting rows in the right one; "envelope" shows EG1 with its graph.
+// setting rows in the right one; "envelope" shows EG1 with its graph;
+// "mod" the list of the patch's modulation sources.
 // The program talks to the simulated Z1: "request" shows the Request
 // dialog, "midi" the MIDI tab of the settings, "received" the main window
 // once bank A has been requested and has arrived.
 
 #include "editors/Navigation.h"
+#include "editors/screens/frmMod.h"
 #include "files/MiscDialog.h"
 #include "files/OpenSysExFile.h"
 #include "files/SettingsStore.h"
@@ -73,7 +75,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     if (argc < 2) {
         std::fprintf(stderr, "usage: quillon_screenshot OUT.png [--form "
-                             "main|settings|help|params|about|patch|envelope|request|midi|received] [FILE.syx]\n");
+                             "main|settings|help|params|about|patch|envelope|mod|request|midi|received] [FILE.syx]\n");
         return 2;
     }
     std::string form = "main";
@@ -131,6 +133,9 @@ int main(int argc, char** argv)
         other = std::make_unique<quillon::frmSettings>(model, 2);
     } else if (form == "about") {
         other = std::make_unique<quillon::frmAbout>();
+    } else if (form == "mod") {
+        model.settings.modulationShow = false;  // every source, in use or not
+        other = std::make_unique<quillon::frmMod>(model);
     }
     if (other) {
         other->show();

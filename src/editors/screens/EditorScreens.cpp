@@ -419,17 +419,7 @@ void EditorScreens::mirrorRow(int row)
     const RowView& view = model_.layout.rows[static_cast<std::size_t>(row)];
     RowControls& r = rows_[static_cast<std::size_t>(row)];
     r.name->setText(QString::fromStdString(view.name));
-    const QString value = QString::fromStdString(view.valueText);
-    if (r.value->text() != value) {
-        const QSignalBlocker blocker(r.value);
-        r.value->setText(value);
-    }
-    {
-        const QSignalBlocker blocker(r.spin);
-        r.spin->setRange(kSpinWideMin, kSpinWideMax);
-        r.spin->setValue(view.value);
-        r.spin->setRange(view.spinMin, view.spinMax);
-    }
+    showRowValue(r.value, r.spin, QString::fromStdString(view.valueText), view.value, view.spinMin, view.spinMax);
     r.decode->setText(QString::fromStdString(view.decode));
     for (QWidget* w : {static_cast<QWidget*>(r.name), static_cast<QWidget*>(r.value), static_cast<QWidget*>(r.spin),
                        static_cast<QWidget*>(r.slider), static_cast<QWidget*>(r.decode)})

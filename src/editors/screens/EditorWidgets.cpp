@@ -1,11 +1,13 @@
 #include "editors/screens/EditorWidgets.h"
 
 #include "editors/ColourSchemes.h"
+#include "editors/ScreenLayout.h"
 
 #include <QColor>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPalette>
+#include <QSignalBlocker>
 #include <QWidget>
 
 #include <cmath>
@@ -50,6 +52,18 @@ QString schemeStyle(int scheme, const QWidget* widget)
     const QColor text = colours->textSystem != SystemColour::None ? systemColour(colours->textSystem, palette)
                                                                   : QColor(QRgb(colours->text));
     return QString("background-color: %1; color: %2;").arg(background.name(), text.name());
+}
+
+void showRowValue(QLineEdit* box, QSpinBox* spin, const QString& text, int value, int min, int max)
+{
+    if (box->text() != text) {
+        const QSignalBlocker blocker(box);
+        box->setText(text);
+    }
+    const QSignalBlocker blocker(spin);
+    spin->setRange(kSpinWideMin, kSpinWideMax);
+    spin->setValue(value);
+    spin->setRange(min, max);
 }
 
 void restyle(QWidget* widget, const QString& styleSheet)

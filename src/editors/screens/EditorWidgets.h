@@ -4,6 +4,7 @@
 #include <QSpinBox>
 #include <QString>
 
+class QLineEdit;
 class QWidget;
 
 namespace quillon {
@@ -26,6 +27,11 @@ QString schemeStyle(int scheme, const QWidget* widget);
 // Sets a style sheet only when it differs: every setting polishes the widget
 // again, which a screen set-up would otherwise pay for on each label.
 void restyle(QWidget* widget, const QString& styleSheet);
+
+// A row's value box and spin arrows show a value without their change
+// events: the box its text, the arrows the value, first within a wide range
+// so that the range of what the row showed before cannot clamp it.
+void showRowValue(QLineEdit* box, QSpinBox* spin, const QString& text, int value, int min, int max);
 
 // A label that reports presses, releases and double clicks.
 class ClickLabel : public QLabel {

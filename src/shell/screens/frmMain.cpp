@@ -2,8 +2,10 @@
 
 #include "editors/Frames.h"
 #include "editors/ItemStatus.h"
+#include "editors/ModSources.h"
 #include "editors/screens/EditorScreens.h"
 #include "editors/screens/EditorWidgets.h"
+#include "editors/screens/frmMod.h"
 #include "files/OpenSysExFile.h"
 #include "files/SysExSaving.h"
 #include "files/UserFiles.h"
@@ -224,6 +226,11 @@ void frmMain::wireCommands()
         action(name)->setCheckable(true);
     setCommand("mnuShowPatchSectionsTree", [&m] { clickFrameToolbarButton(m, "spst"); });
     setCommand("mnuShowPatchSectionsGroup", [&m] { clickFrameToolbarButton(m, "spsg"); });
+    setCommand("mnuPatchModSources", [this] { showModSources(model_, this); });
+    setCommand("tlbMain_mod", [this] { showModSources(model_, this); });
+    auto* tidy = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), this);
+    tidy->setObjectName("shortcutTidyUpPatch");
+    connect(tidy, &QShortcut::activated, this, [&m] { tidyUpPatch(m); });
     setCommand("mnuHelpContents", [] { doHelpShowThis(1); });
     setCommand("mnuHelpIndex", [] { doHelpShowThis(2); });
     setCommand("mnuHelpFAQ", [&m] { openFaqPage(m); });
