@@ -258,7 +258,8 @@ private:
             return;
         }
         const std::string name = dumpName(message);
-        const bool acknowledged = answers.size() == 1 && answers.front().size() == 6;
+        const bool acknowledged = answers.size() == 1 && (answers.front()[kFunctionIndex] == kFunctionDataLoadCompleted ||
+                                                           answers.front()[kFunctionIndex] == kFunctionDataLoadError);
         if (!acknowledged) {
             std::cout << "ignored SysEx of " << message.size() << " bytes" << std::endl;
             return;

@@ -179,6 +179,17 @@ bool headingOf(const AppModel& model, int kind, int section, int subsection, Hea
         h.label = sect->name;
         h.first = sect->firstParam;
         h.last = sect->lastParam;
+        // The section's node stands for its subsection of the same
+        // identifier, and shows that subsection's rows, as its group and the
+        // trail show them; only a section whose subsection has no rows of its
+        // own shows all of its rows.
+        const SubSectionDef* same = entryAt(t.subsections, h.subsection);
+        if (same && same->firstParam != 0) {
+            h.first = kind == kMultiset ? firstMultiParamOfSubsection(h.subsection, current)
+                                        : firstParamOfSubsection(h.subsection, current);
+            h.last = kind == kMultiset ? lastMultiParamOfSubsection(h.subsection, current)
+                                       : lastParamOfSubsection(h.subsection, current);
+        }
         return true;
     }
 

@@ -89,9 +89,22 @@ void fillMultiBankList(AppModel& model, int kind)
     if (list == nullptr)
         return;
     list->names.clear();
-    list->listIndex = -1;
     for (int m = 0; m < kMultisPerBank; ++m)
         list->names.push_back(model.banks.bankMultiName(kind, m));
+    showMultiBankChoices(model);
+}
+
+void showMultiBankChoices(AppModel& model)
+{
+    const bool taken = model.takenFromBank[kMultiset];
+    const int place = model.banks.lastPutMulti;
+    for (const int kind : {kMultiBankA, kMultiBankB}) {
+        MultiBankList* list = model.multiSelect.list(kind);
+        const int first = kind == kMultiBankA ? 0 : kMultisPerBank;
+        const bool fromHere = taken && place >= first && place < first + kMultisPerBank &&
+                              place - first < static_cast<int>(list->names.size());
+        list->listIndex = fromHere ? place - first : -1;
+    }
     model.changed(kMultiSelectChanged);
 }
 
@@ -101,6 +114,7 @@ void setUpMultiSelect(AppModel& model)
     const int selected = model.multiMode == 1 ? kMultiBankA : model.multiMode == 2 ? kMultiBankB : 0;
     if (selected != 0 && model.flags.loaded[selected])
         fillMultiBankList(model, selected);
+    showMultiBankChoices(model);
     refreshTimbres(model);
 }
 
@@ -126,11 +140,12 @@ bool clickMultiBankList(AppModel& model, int kind, int listIndex)
     if (list == nullptr || listIndex < 0 || listIndex >= static_cast<int>(list->names.size()))
         return false;
     AppModel::Batch batch(model);
-    list->listIndex = listIndex;
-    model.changed(kMultiSelectChanged);
     // Taking it into the editor sets up the multi screen, which names the
-    // new multiset's timbres.
-    return takeMultiFromBank(model, kind, listIndex);
+    // new multiset's timbres. The lists then show where the multiset in the
+    // editor came from, also after a cancel at the save prompt.
+    const bool taken = takeMultiFromBank(model, kind, listIndex);
+    showMultiBankChoices(model);
+    return taken;
 }
 
 }  // namespace quillon

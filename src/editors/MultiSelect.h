@@ -62,6 +62,11 @@ bool refreshTimbreOfParam(AppModel& model, int param);
 // the bank's 16 multisets in bank order. Other kinds are ignored.
 void fillMultiBankList(AppModel& model, int kind);
 
+// Each multi bank list shows the entry the multiset in the editor was taken
+// from, and no entry when it came from elsewhere (a file, the instrument,
+// the other bank).
+void showMultiBankChoices(AppModel& model);
+
 // What the multi screen does to fraMultiSelect whenever it is set up: the
 // list of the highlighted multi bank is filled when that bank is loaded, and
 // the six timbre buttons are named again.

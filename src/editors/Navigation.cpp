@@ -194,6 +194,10 @@ void trailMove(AppModel& model, int direction)
 {
     ScreenLayout& layout = model.layout;
     NavigationState& nav = layout.nav;
+    // The trail holds places of the patch screen: on another screen back and
+    // forward would put patch subsections into its frames.
+    if (model.mode != kPatch)
+        return;
     if (layout.patchFrames[1].Subsection == 0 && layout.patchFrames[2].Subsection == 0)
         return;
     if (direction == -1) {

@@ -154,7 +154,12 @@ void doPostLoad(AppModel& model, int kind)
     switch (kind) {
     case kPatch:
     case kMultiset:
-    case kPattern: postLoadItem(model, kind); break;
+    case kPattern:
+        // Whatever brought the item, it is no longer the one a bank gave;
+        // taking one from a bank says so again after this.
+        model.takenFromBank[kind] = false;
+        postLoadItem(model, kind);
+        break;
     case kPatchBankA:
     case kPatchBankB: postLoadBank(model, model.bankTarget); break;
     case kMultiBankA:

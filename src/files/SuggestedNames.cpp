@@ -73,7 +73,10 @@ void doLabelFileName(AppModel& model, int kind)
     const auto& prefixes = model.settings.prefixes;
     switch (kind) {
     case kPatch:
-        model.suggestedPath[kind] = doBuildPatchFileName(model, model.workFolder, name, model.settings.fileNameFormat);
+        // The bank place is that of the patch last taken from or put in a
+        // bank.
+        model.suggestedPath[kind] = doBuildPatchFileName(model, model.workFolder, name, model.settings.fileNameFormat,
+                                                         model.banks.lastPutPatch);
         break;
     case kMultiset:
         model.suggestedPath[kind] = joined(model.workFolder, prefixes[3] + fileNameFromName(name));

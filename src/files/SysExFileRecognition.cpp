@@ -105,7 +105,7 @@ std::vector<int> acceptedLengths(int band)
     switch (band) {
     case kSysExPatch: return {666, 668};
     case kSysExSingleMulti: return {245, 248};
-    case kSysExSinglePattern: return {300};
+    case kSysExSinglePattern: return {300, 301};
     case kSysExPatchBank: return {84270};
     case kSysExMultiBank: return {3814};
     case kSysExArpBank: return {5860};

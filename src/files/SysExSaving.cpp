@@ -74,6 +74,11 @@ std::optional<std::string> askSavePath(AppModel& model, const std::string& title
     std::optional<std::string> path = model.host().chooseSaveFile(request);
     if (!path || path->empty())
         return std::nullopt;
+    // The dialog's filter names the extension: a name chosen without one
+    // (the multiset and pattern suggestions have none) gets ".syx", so that
+    // the Open dialog lists the file.
+    if (!std::filesystem::path(*path).has_extension())
+        *path += ".syx";
     model.workFolder = std::filesystem::path(*path).parent_path().string();
     return path;
 }

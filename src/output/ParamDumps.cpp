@@ -21,12 +21,14 @@ constexpr int kNumberWidth = 4;
 constexpr int kValueWidth = 3;
 
 // A subsection that stands for the rows of the type in force, with the words
-// of its type line and of its block heading.
+// of its type line and of its block heading; a dump lists the block only
+// when `block` is set.
 struct Overlay {
     int subsection;
     int typeParam;
     const char* typeWords;
     const char* heading;
+    bool block = true;
 };
 
 constexpr Overlay kPatchOverlays[] = {
@@ -40,7 +42,9 @@ constexpr Overlay kPatchOverlays[] = {
 constexpr Overlay kMultiOverlays[] = {
     {3, 179, "FX1 setting ", "FX1 Setting "},
     {5, 180, "FX2 setting ", "FX2 Setting "},
-    {7, 181, "Master FX setting ", "Master FX Setting "},
+    // The multiset's list names its master effect type but has no block for
+    // its rows.
+    {7, 181, "Master FX setting ", "Master FX Setting ", false},
 };
 
 // How the dump of one kind finds its overlay blocks in the tables.
@@ -124,15 +128,17 @@ std::vector<std::string> dumpWithOverlays(const AppModel& model, const DumpShape
             lines.push_back(paramDumpLine(p, values[p], row));
     }
 
+    // A block lists every row of the overlay's range, reserved ones included:
+    // the rows of a type are its whole block.
     for (const auto& overlay : shape.overlays) {
+        if (!overlay.block)
+            continue;
         lines.emplace_back();
         lines.push_back(overlay.heading + sectionName(shape, shape.sectionOf(overlay.subsection, values)));
         const int first = std::max(shape.firstOf(overlay.subsection, values), 1);
         const int last = std::min(shape.lastOf(overlay.subsection, values), static_cast<int>(shape.rows.size()) - 1);
-        for (int p = first; p <= last; ++p) {
-            if (!isReserved(shape.rows[p]))
-                lines.push_back(paramDumpLine(p, values[p], shape.rows[p]));
-        }
+        for (int p = first; p <= last; ++p)
+            lines.push_back(paramDumpLine(p, values[p], shape.rows[p]));
     }
     return lines;
 }

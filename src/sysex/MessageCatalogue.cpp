@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::array<std::uint8_t, 4> kNoFixedBytes{};
 
-constexpr std::array<DumpShape, 15> kDumps{{
+constexpr std::array<DumpShape, 16> kDumps{{
     {"Current patch", kFunctionCurrentPatch, kFunctionCurrentPatch, 1, {0x01}, true,
      659, 1, 666, kSysExPatch},
     {"Patch with a longer header", kFunctionCurrentPatch, kFunctionPatchBank, 3, kNoFixedBytes,
@@ -22,6 +22,10 @@ constexpr std::array<DumpShape, 15> kDumps{{
      false, 238, 1, 248, kSysExSingleMulti},
     {"Current pattern", kFunctionCurrentPattern, kFunctionCurrentPattern, 1, {0x00}, true,
      293, 1, 300, kSysExSinglePattern},
+    // The instrument's own dump of one pattern: the arpeggiator bank's
+    // function code, a 0 and the pattern's number in the bank.
+    {"Pattern with a longer header", kFunctionArpBank, kFunctionArpBank, 2, kNoFixedBytes, false,
+     293, 1, 301, kSysExSinglePattern},
     {"Bank A", kFunctionPatchBank, kFunctionPatchBank, 3, {kBankASelect, 0x00, 0x00}, true,
      84261, 1, 84270, kSysExPatchBank},
     {"Bank B", kFunctionPatchBank, kFunctionPatchBank, 3, {kBankBSelect, 0x00, 0x00}, true,

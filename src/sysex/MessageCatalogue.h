@@ -31,7 +31,7 @@ struct DumpShape {
 };
 
 // Every dump: current patch, patch with a longer header, current multi, multi
-// with a longer header, current pattern, bank A, bank B, All Program, multi
+// with a longer header, current pattern, pattern with a longer header, bank A, bank B, All Program, multi
 // bank A, multi bank B, All Multi, arpeggiator bank, Global or MIDI, Global
 // and MIDI, All Data.
 std::span<const DumpShape> dumpShapes();

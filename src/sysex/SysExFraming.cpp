@@ -13,11 +13,13 @@ namespace {
 // The lengths that carry one item. A patch may come as a current patch dump
 // or with a header two bytes longer, with the patch or the bank function
 // code; a multiset likewise. A pattern comes with the pattern or the
-// arpeggiator bank function code.
-constexpr std::array<MessageShape, 8> kShapes{{
+// arpeggiator bank function code, and as the instrument's own dump of one
+// pattern, whose header carries the pattern's number.
+constexpr std::array<MessageShape, 9> kShapes{{
     {668, 8, {kSysExAllProgram, kSysExPatch}, kPatch, false, {}, {}},
     {666, 6, {kSysExAllProgram, kSysExPatch}, kPatch, false, {}, {}},
     {300, 6, {kSysExArpBank, kSysExSinglePattern}, kPattern, false, {}, {}},
+    {301, 7, {kSysExArpBank, kSysExSinglePattern}, kPattern, false, {}, {}},
     {245, 6, {kSysExAllMulti, kSysExSingleMulti}, kMultiset, false, {}, {}},
     {248, 9, {kSysExAllMulti, kSysExSingleMulti}, kMultiset, false, {}, {}},
     {3814, 9, {kSysExAllMulti, kSysExAllMulti}, kMultiBankA, true,

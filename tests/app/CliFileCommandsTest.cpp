@@ -158,6 +158,31 @@ TEST(CliConvert, LongerHeaderPatchLosesItsTwoExtraBytes)
     EXPECT_EQ(written, plain);
 }
 
+TEST(CliConvert, TheInstrumentsOwn301BytePatternDumpBecomesThePlain300ByteForm)
+{
+    TempFolder folder;
+    ParamValues values = paramTables().arpDefaults;
+    const std::string name = "Own Pattern     ";
+    for (int i = 0; i < 16; ++i)
+        values[i + 1] = static_cast<std::int16_t>(name[static_cast<std::size_t>(i)]);
+    ByteImage image(byteImageSize(kPattern), 0);
+    arpParamsToImage(values, image);
+    const auto plain = currentPatternDump(1, DATAtoMIDI(kPattern, image));
+    std::vector<std::uint8_t> own(plain.begin(), plain.begin() + 4);
+    own.insert(own.end(), {0x69, 0x00, 0x02});
+    own.insert(own.end(), plain.begin() + 6, plain.end());
+    ASSERT_EQ(own.size(), 301u);
+    const auto in = write(folder, "own.syx", own);
+    const CliRun info = run(runInfo, {in});
+    ASSERT_EQ(info.exitCode, kExitOk) << info.err;
+    EXPECT_EQ(info.out, in + "\t301\tsingle arpeggiator\tfound\n\tOwn Pattern\n");
+    const auto out = (folder / "out.syx").string();
+    ASSERT_EQ(run(runConvert, {in, out}).exitCode, kExitOk);
+    std::vector<std::uint8_t> written;
+    ASSERT_TRUE(readWholeFile(out, written));
+    EXPECT_EQ(written, plain);
+}
+
 TEST(CliConvert, BadUsageWithOneFile)
 {
     EXPECT_EQ(run(runConvert, {"only.syx"}).exitCode, kExitUsage);

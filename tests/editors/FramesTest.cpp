@@ -335,6 +335,24 @@ TEST(FrameState, SectionWithSeveralSubsectionsIsShownWholeAndAgainSo)
     EXPECT_EQ(t.frame(2).SubLast, mixer.lastParam);
 }
 
+TEST(FrameState, SectionNodeShowsTheRowsOfItsSubsectionOfTheSameIdentifier)
+{
+    PatchScreen t;
+    clickTreeNode(t.model, "S11");  // "OSC1": its subsection "OSC1 Type" has one row
+    EXPECT_EQ(t.layout().frames[1].caption, "OSC1");
+    EXPECT_EQ(t.layout().frames[1].label, "OSC1");
+    EXPECT_EQ(t.frame(1).Subsection, 11);
+    EXPECT_EQ(t.frame(1).SubFirst, 174);
+    EXPECT_EQ(t.frame(1).SubLast, 174);
+    clickTreeNode(t.model, "S24");  // "FX": three rows, as the group shows them
+    EXPECT_EQ(t.layout().frames[1].label, "FX");
+    EXPECT_EQ(t.frame(1).Subsection, 36);
+    EXPECT_EQ(t.frame(1).SubLast - t.frame(1).SubFirst + 1, 3);
+    fraPatchHeaders(t.model, 2, 0, 36);
+    EXPECT_EQ(t.frame(2).SubFirst, t.frame(1).SubFirst);
+    EXPECT_EQ(t.frame(2).SubLast, t.frame(1).SubLast);
+}
+
 TEST(FrameState, MultiRowsComeFromTheMultisetWithItsHardFlags)
 {
     TestModel t;

@@ -1,6 +1,7 @@
 #include "editors/MultiSelect.h"
 
 #include "editors/TimbreCaption.h"
+#include "files/LoadFlow.h"
 #include "model/Kind.h"
 #include "model/ParamImage.h"
 #include "model/ParamTables.h"
@@ -433,6 +434,46 @@ TEST(MultiSelect, CancelAtTheSavePromptLeavesTheMultisetInTheEditor)
     EXPECT_EQ(t.model.itemPath[kMultiset], "/mine.syx");
     EXPECT_EQ(t.model.banks.lastPutMulti, 30);
     EXPECT_TRUE(t.host.allShown());
+}
+
+TEST(MultiSelect, CancelAtTheSavePromptLeavesTheListsShowingWhereTheEditorsMultisetCameFrom)
+{
+    TestModel t;
+    t.model.flags.loaded[kMultiBankA] = true;
+    t.model.banks.writeBankMulti(kMultiBankA, 2, multisetNamed("Kept", 0));
+    fillMultiBankList(t.model, kMultiBankA);
+    ASSERT_TRUE(clickMultiBankList(t.model, kMultiBankA, 2));
+    EXPECT_EQ(t.model.multiSelect.bankA.listIndex, 2);
+    t.model.flags.changed[kMultiset] = true;
+    t.host.expectMessage("New Multiset", Answer::Cancel, "Save Kept first?");
+    EXPECT_FALSE(clickMultiBankList(t.model, kMultiBankA, 5));
+    EXPECT_EQ(t.model.multiSelect.bankA.listIndex, 2);
+    EXPECT_TRUE(t.host.allShown());
+}
+
+TEST(MultiSelect, TakingFromBankBLeavesNoPickInTheListOfBankA)
+{
+    TestModel t;
+    t.model.flags.loaded[kMultiBankA] = true;
+    t.model.flags.loaded[kMultiBankB] = true;
+    fillMultiBankList(t.model, kMultiBankA);
+    fillMultiBankList(t.model, kMultiBankB);
+    ASSERT_TRUE(clickMultiBankList(t.model, kMultiBankA, 4));
+    ASSERT_TRUE(clickMultiBankList(t.model, kMultiBankB, 7));
+    EXPECT_EQ(t.model.multiSelect.bankA.listIndex, -1);
+    EXPECT_EQ(t.model.multiSelect.bankB.listIndex, 7);
+}
+
+TEST(MultiSelect, AMultisetThatCameFromElsewhereLeavesNoPickInEitherList)
+{
+    TestModel t;
+    t.model.flags.loaded[kMultiBankA] = true;
+    fillMultiBankList(t.model, kMultiBankA);
+    ASSERT_TRUE(clickMultiBankList(t.model, kMultiBankA, 4));
+    // Another multiset arrives, from a file or the instrument.
+    doPostLoad(t.model, kMultiset);
+    EXPECT_EQ(t.model.multiSelect.bankA.listIndex, -1);
+    EXPECT_EQ(t.model.multiSelect.bankB.listIndex, -1);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "editors/MultiSelect.h"
 #include "editors/Navigation.h"
 
 #include "editors/Frames.h"
@@ -217,6 +218,23 @@ TEST(Trail, BackOnATrailOfOneEntryDoesNothing)
     EXPECT_EQ(t.nav().TrailPos, 1);
     EXPECT_EQ(t.frame(1).Subsection, 2);
     EXPECT_EQ(t.frame(2).Subsection, 0);  // no move to the right either
+}
+
+TEST(Trail, OnTheMultiScreenBackAndForwardLeaveTheMultisetFramesAlone)
+{
+    PatchScreen t;
+    clickTreeNode(t.model, "S2");
+    clickTreeNode(t.model, "S6");
+    ASSERT_EQ(t.nav().TrailCount, 2);
+    setUpScreen(t.model, kMultiset);
+    clickMultiSect(t.model, 0);
+    const FrameState multiLeft = t.model.layout.multiFrames[1];
+    const std::string label = t.layout().frames[1].label;
+    trailMove(t.model, -1);
+    EXPECT_EQ(t.nav().TrailPos, 2);
+    EXPECT_EQ(t.model.layout.multiFrames[1].Subsection, multiLeft.Subsection);
+    EXPECT_EQ(t.layout().frames[1].label, label);
+    EXPECT_EQ(t.frame(1).Subsection, 6);
 }
 
 TEST(Trail, HundredAndFirstVisitDropsTheOldestAndTheCountStaysAHundred)

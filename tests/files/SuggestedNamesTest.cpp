@@ -117,6 +117,26 @@ TEST_F(PatchNames, BankPlaceWithoutAPatchBankIsA000)
     EXPECT_EQ(doBuildPatchFileName(model, folder, "Brass", 6, 42), inFolder(folder, "P-a000 Brass.syx"));
 }
 
+TEST_F(PatchNames, LabelledPatchSuggestionNamesThePlaceSelectedInBankA)
+{
+    setName(model, kPatch, "Brass");
+    model.settings.fileNameFormat = 6;
+    model.bankTarget = kPatchBankA;
+    model.banks.lastPutPatch = 37;
+    doLabelFileName(model, kPatch);
+    EXPECT_EQ(model.suggestedPath[kPatch], inFolder(folder, "P-a037 Brass.syx"));
+}
+
+TEST_F(PatchNames, LabelledPatchSuggestionNamesThePlaceSelectedInBankBFromZero)
+{
+    setName(model, kPatch, "Brass");
+    model.settings.fileNameFormat = 6;
+    model.bankTarget = kPatchBankB;
+    model.banks.lastPutPatch = 128 + 5;
+    doLabelFileName(model, kPatch);
+    EXPECT_EQ(model.suggestedPath[kPatch], inFolder(folder, "P-b005 Brass.syx"));
+}
+
 TEST(PatchNameFormats, CaptionsNameTheTenFormats)
 {
     const auto formats = patchFileNameFormats();

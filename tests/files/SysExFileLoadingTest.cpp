@@ -231,6 +231,22 @@ TEST_F(SysExFileLoading, PatternLoadsAndLeavesTheArpeggiatorBankHighlight)
     EXPECT_TRUE(model.flags.loaded[kPattern]);
 }
 
+TEST_F(SysExFileLoading, TheInstrumentsOwn301BytePatternDumpLoadsAsAPattern)
+{
+    const ByteImage image = namedItemImage(model, kPattern, "Own Dump");
+    const SysExMessage plain = patternMessage(image);
+    // F0 42 30 46 69 00 pp, the 293 packed bytes, F7.
+    SysExMessage own(plain.begin(), plain.begin() + 4);
+    own.insert(own.end(), {0x69, 0x00, 0x03});
+    own.insert(own.end(), plain.begin() + 6, plain.end());
+    ASSERT_EQ(own.size(), 301u);
+    open(put("own.syx", own));
+    EXPECT_TRUE(host.messages.empty());
+    EXPECT_EQ(model.itemImage(kPattern), image);
+    EXPECT_EQ(model.mode, kPattern);
+    EXPECT_TRUE(model.flags.loaded[kPattern]);
+}
+
 TEST_F(SysExFileLoading, WrappedPatchFileLoads)
 {
     const ByteImage image = namedItemImage(model, kPatch, "Wrapped");

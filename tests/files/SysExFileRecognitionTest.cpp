@@ -70,7 +70,7 @@ TEST(SysExFileRecognition, LoadersAcceptTheirMessageLengths)
 {
     EXPECT_EQ(acceptedLengths(kSysExPatch), (std::vector<int>{666, 668}));
     EXPECT_EQ(acceptedLengths(kSysExSingleMulti), (std::vector<int>{245, 248}));
-    EXPECT_EQ(acceptedLengths(kSysExSinglePattern), (std::vector<int>{300}));
+    EXPECT_EQ(acceptedLengths(kSysExSinglePattern), (std::vector<int>{300, 301}));
     EXPECT_EQ(acceptedLengths(kSysExPatchBank), (std::vector<int>{84270}));
     EXPECT_EQ(acceptedLengths(kSysExMultiBank), (std::vector<int>{3814}));
     EXPECT_EQ(acceptedLengths(kSysExArpBank), (std::vector<int>{5860}));

@@ -203,6 +203,32 @@ TEST_F(Saving, SaveAsWithSuggestionsOnOffersTheSuggestedName)
     EXPECT_EQ(fs::path(host.saveDialogs.at(0).fileName).filename().string().substr(0, 3), "Z1-");
 }
 
+TEST_F(Saving, MultisetSavedUnderItsSuggestionWithoutExtensionGetsSyx)
+{
+    model.settings.suggestNames = true;
+    model.settings.prefixes[3] = "M_";
+    model.workFolder = t.folder.path().string();
+    doLabelFileName(model, kMultiset);
+    const std::string chosen = file("M_Item 4");
+    host.expectSaveFile("Save (Single) Multiset", chosen);
+    doSaveMultiset(model, 2);
+    EXPECT_FALSE(fs::exists(chosen));
+    ASSERT_TRUE(fs::exists(chosen + ".syx"));
+    EXPECT_EQ(fileBytes(chosen + ".syx").size(), 245u);
+    EXPECT_EQ(model.itemPath[kMultiset], chosen + ".syx");
+}
+
+TEST_F(Saving, PatternSavedUnderANameWithoutExtensionGetsSyxAndOneWithAnExtensionKeepsIt)
+{
+    model.buffers.of(kPattern).current[kStep1ToneLsb] = 1;
+    host.expectSaveFile("Save (Single) Arp Pattern", file("A_Walk"));
+    doSavePattern(model, 2);
+    EXPECT_TRUE(fs::exists(file("A_Walk.syx")));
+    host.expectSaveFile("Save (Single) Arp Pattern", file("walk.old"));
+    doSavePattern(model, 2);
+    EXPECT_TRUE(fs::exists(file("walk.old")));
+}
+
 TEST_F(Saving, BankSuggestionsAreBuiltFromPrefixAndBankName)
 {
     model.settings.suggestNames = true;

@@ -144,18 +144,21 @@ TEST(PatchDump, OverlayBlockListsTheRowsOfTheTypeInForceOnce)
     EXPECT_EQ(std::count(lines.begin(), lines.end(), paramDumpLine(first, p[first], rows[first])), 1);
 }
 
-TEST(PatchDump, ReservedRowsOfAnOverlayAreLeftOut)
+TEST(PatchDump, OverlayBlockListsEveryRowOfItsRangeReservedOnesIncluded)
 {
     TestModel t;
     ParamValues& p = t.model.buffers.of(kPatch).current;
     p[174] = 9;  // Brass Model, whose block has reserved rows
     ASSERT_EQ(paramTables().patch[625].name, "reserved");
-    ASSERT_LE(firstParamOfSubsection(13, p), 625);
-    ASSERT_GE(lastParamOfSubsection(13, p), 625);
+    const int first = firstParamOfSubsection(13, p);
+    const int last = lastParamOfSubsection(13, p);
+    ASSERT_EQ(last - first + 1, 38);
     const auto lines = patchDumpLines(t.model);
-    EXPECT_TRUE(hasLine(lines, "OSC1 Setting Brass Model"));
-    EXPECT_TRUE(dumpsParam(lines, firstParamOfSubsection(13, p)));
-    EXPECT_FALSE(dumpsParam(lines, 625));
+    const std::size_t at = lineIndex(lines, "OSC1 Setting Brass Model");
+    ASSERT_LT(at + 38, lines.size());
+    for (int n = first; n <= last; ++n)
+        EXPECT_EQ(lines[at + 1 + static_cast<std::size_t>(n - first)], paramDumpLine(n, p[n], paramTables().patch[n]));
+    EXPECT_TRUE(dumpsParam(lines, 625));
 }
 
 TEST(PatchDump, OverlayRowsAreNotInTheGeneralRange)
@@ -173,7 +176,7 @@ TEST(PatchDump, OverlayRowsAreNotInTheGeneralRange)
     }
 }
 
-TEST(MultiDump, TypeLinesGeneralRowsAndThreeEffectBlocks)
+TEST(MultiDump, ThreeTypeLinesGeneralRowsAndTheFx1AndFx2BlocksOnly)
 {
     TestModel t;
     t.model.itemPath[kMultiset] = "Layer.syx";
@@ -197,16 +200,15 @@ TEST(MultiDump, TypeLinesGeneralRowsAndThreeEffectBlocks)
 
     const std::size_t fx1 = lineIndex(lines, "FX1 Setting " + sections[15].name);
     const std::size_t fx2 = lineIndex(lines, "FX2 Setting " + sections[35].name);
-    const std::size_t master = lineIndex(lines, "Master FX Setting " + sections[29].name);
     ASSERT_LT(fx1, lines.size());
     ASSERT_LT(fx2, lines.size());
-    ASSERT_LT(master, lines.size());
     EXPECT_LT(fx1, fx2);
-    EXPECT_LT(fx2, master);
+    EXPECT_EQ(lineIndex(lines, "Master FX Setting " + sections[29].name), lines.size());
     const int fx1First = firstMultiParamOfSubsection(3, m);
     EXPECT_EQ(lines[fx1 + 1], paramDumpLine(fx1First, m[fx1First], rows[fx1First]));
-    const int masterLast = lastMultiParamOfSubsection(7, m);
-    EXPECT_EQ(lines.back(), paramDumpLine(masterLast, m[masterLast], rows[masterLast]));
+    const int fx2Last = lastMultiParamOfSubsection(5, m);
+    EXPECT_EQ(lines.back(), paramDumpLine(fx2Last, m[fx2Last], rows[fx2Last]));
+    EXPECT_FALSE(dumpsParam(lines, firstMultiParamOfSubsection(7, m)));
 }
 
 TEST(MultiDump, EffectRowsOfOtherTypesAreLeftOut)

@@ -31,7 +31,7 @@ std::vector<std::uint8_t> front(const SysExMessage& message, std::size_t count)
 TEST(MessageCatalogue, TotalIsHeaderPlusPackedPlusOneInEveryDumpRow)
 {
     const auto shapes = dumpShapes();
-    ASSERT_EQ(shapes.size(), 15u);
+    ASSERT_EQ(shapes.size(), 16u);
     for (const auto& shape : shapes) {
         EXPECT_EQ(shape.totalBytes,
                   shape.messageCount * (shape.headerBytes() + shape.packedBytes + 1))
@@ -56,6 +56,7 @@ TEST(MessageCatalogue, DumpRowsHoldTheirFunctionSubHeaderSizesAndType)
         {"Current multi", 0x49, 0x49, 1, 238, 245, 7},
         {"Multi with a longer header", 0x49, 0x4D, 4, 238, 248, 7},
         {"Current pattern", 0x6B, 0x6B, 1, 293, 300, 9},
+        {"Pattern with a longer header", 0x69, 0x69, 2, 293, 301, 9},
         {"Bank A", 0x4C, 0x4C, 3, 84261, 84270, 3},
         {"Bank B", 0x4C, 0x4C, 3, 84261, 84270, 3},
         {"All Program", 0x4C, 0x4C, 3, 168522, 168531, 2},

@@ -43,6 +43,7 @@ const std::vector<ExpectedShape>& expectedShapes()
         {668, 8, 660, {0x4C, 0x40}, 1},
         {666, 6, 660, {0x4C, 0x40}, 1},
         {300, 6, 294, {0x69, 0x6B}, 5},
+        {301, 7, 294, {0x69, 0x6B}, 5},
         {245, 6, 239, {0x4D, 0x49}, 4},
         {248, 9, 239, {0x4D, 0x49}, 4},
         {3814, 9, 3805, {0x4D}, 7},
@@ -144,7 +145,7 @@ TEST(SysexFraming, EveryLengthAcceptsItsTypesAndRefusesTheOthers)
     }
 }
 
-TEST(SysexFraming, ShapesTableHoldsTheEightLengths)
+TEST(SysexFraming, ShapesTableHoldsTheNineLengths)
 {
     const auto shapes = messageShapes();
     ASSERT_EQ(shapes.size(), expectedShapes().size());
@@ -157,10 +158,30 @@ TEST(SysexFraming, ShapesTableHoldsTheEightLengths)
     EXPECT_EQ(findMessageShape(667), nullptr);
 }
 
+TEST(SysexFraming, TheInstrumentsOwnPatternDumpOf301BytesGivesThePatternBehindItsSevenHeaderBytes)
+{
+    std::vector<std::uint8_t> message(301, 0x11);
+    message[0] = 0xF0;
+    message[1] = 0x42;
+    message[2] = 0x30;
+    message[3] = 0x46;
+    message[4] = 0x69;
+    message[5] = 0x00;
+    message[6] = 0x07;  // the pattern's number in the bank
+    message[7] = 0x55;
+    message.back() = 0xF7;
+    const auto result = STRINGtoMIDI(message, 2, 6);
+    ASSERT_TRUE(result.success);
+    EXPECT_EQ(result.target, 5);
+    ASSERT_EQ(result.packed.size(), 294u);
+    EXPECT_EQ(result.packed.front(), 0x55);
+    EXPECT_EQ(result.packed.back(), 0xF7);
+}
+
 TEST(SysexFraming, UnknownLengthsDoNothing)
 {
     for (const std::size_t length :
-         {0u, 4u, 5u, 244u, 246u, 299u, 301u, 483u, 665u, 667u, 669u, 966u, 3813u, 3815u,
+         {0u, 4u, 5u, 244u, 246u, 299u, 302u, 483u, 665u, 667u, 669u, 966u, 3813u, 3815u,
           5859u, 5861u, 7617u, 84269u, 84271u, 168531u, 182939u}) {
         std::vector<std::uint8_t> message(length, 0x00);
         if (length >= 5) {

@@ -16,12 +16,16 @@ namespace {
 
 // The instrument names both banks in an All Program dump with this
 // sub-header; the program takes such bytes over as they come.
-constexpr std::uint8_t kAllProgramSubHeader[] = {0x00, 0x00, 0x00};
+constexpr std::uint8_t kAllProgramSubHeader[] = {0x20, 0x00, 0x00};
 
 enum class Taken { NotADump, Taken, Refused };
 
+// DATA LOAD COMPLETED is six bytes; DATA LOAD ERROR carries a 0 before its
+// F7.
 SysExMessage shortAnswer(int channel, std::uint8_t function)
 {
+    if (function == kFunctionDataLoadError)
+        return {kSysExStart, kKorgId, channelByte(channel), kZ1ModelId, function, 0x00, kSysExEnd};
     return {kSysExStart, kKorgId, channelByte(channel), kZ1ModelId, function, kSysExEnd};
 }
 

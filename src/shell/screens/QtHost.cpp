@@ -42,6 +42,14 @@ std::string toolkitFilter(const std::string& filter)
     return bar == std::string::npos ? filter : filter.substr(0, bar);
 }
 
+std::string filterSuffix(const std::string& filter)
+{
+    const auto bar = filter.find('|');
+    const std::string pattern = bar == std::string::npos ? std::string() : filter.substr(bar + 1);
+    return pattern.starts_with("*.") && pattern.find_first_of(";*", 2) == std::string::npos ? pattern.substr(2)
+                                                                                              : std::string();
+}
+
 void QtHost::setStatusLines(QLabel* status, QLabel* message)
 {
     status_ = status;
@@ -89,9 +97,15 @@ std::optional<std::string> QtHost::chooseOpenFile(const FileDialogRequest& reque
 
 std::optional<std::string> QtHost::chooseSaveFile(const FileDialogRequest& request)
 {
-    const QString path =
-        QFileDialog::getSaveFileName(parent_, QString::fromStdString(request.title), startFolderOf(request),
-                                     QString::fromStdString(toolkitFilter(request.filter)));
+    QFileDialog dialog(parent_, QString::fromStdString(request.title), startFolderOf(request),
+                       QString::fromStdString(toolkitFilter(request.filter)));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // A name typed without an extension takes the filter's, and the question
+    // before overwriting is asked of the name that will be written.
+    dialog.setDefaultSuffix(QString::fromStdString(filterSuffix(request.filter)));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    const QString path = dialog.selectedFiles().constFirst();
     if (path.isEmpty())
         return std::nullopt;
     return QDir::toNativeSeparators(path).toStdString();

@@ -35,4 +35,8 @@ private:
 // "SysEx files (*.syx)|*.syx" as the toolkit writes a filter.
 std::string toolkitFilter(const std::string& filter);
 
+// The extension a filter's one pattern names ("syx" of "...|*.syx"), or
+// empty when it names no single one.
+std::string filterSuffix(const std::string& filter);
+
 }  // namespace quillon

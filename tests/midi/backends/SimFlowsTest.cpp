@@ -226,6 +226,36 @@ TEST_F(SimFlows, ListenNamesAnUnrecognisedBlockAndGoesOnListening)
     EXPECT_EQ(model.itemImage(kPattern), z1Image(kPattern));
 }
 
+TEST_F(SimFlows, ListenTakesTheInstrumentsOwn301BytePatternDumpAsThePattern)
+{
+    const SysExImage pattern = z1.memory().currentPattern;
+    const std::uint8_t header[] = {0x00, 0x09};  // pattern 9 of the bank
+    const SysExMessage own = buildSysExMessage(0x69, header, 1, pattern);
+    ASSERT_EQ(own.size(), 301u);
+    mnuListen(model);
+    sendFromSimulatedZ1(*system, own);
+    pump.runPending();
+    EXPECT_TRUE(model.flags.loaded[kPattern]);
+    EXPECT_EQ(model.itemImage(kPattern), z1Image(kPattern));
+}
+
+TEST_F(SimFlows, ListenIgnoresTheInstrumentsSevenByteDataLoadErrorAndTakesTheDumpAfterIt)
+{
+    SysExMessage refused = z1.dumpFor(3);
+    refused.insert(refused.end() - 1, 0x00);  // one byte too many
+    const auto answers = z1.receiveSysEx(refused);
+    ASSERT_EQ(answers.size(), 1u);
+    ASSERT_EQ(answers[0], (SysExMessage{0xF0, 0x42, 0x30, 0x46, 0x24, 0x00, 0xF7}));
+    mnuListen(model);
+    sendFromSimulatedZ1(*system, answers[0]);
+    pump.runPending();
+    EXPECT_EQ(host.message, "Last message 7 bytes (ignored). 1 messages 7 bytes");
+    EXPECT_GE(system->input().state(), kPortBusy);
+    sendFromSimulatedZ1(*system, z1.dumpFor(3));
+    pump.runPending();
+    EXPECT_EQ(model.itemImage(kMultiset), z1Image(kMultiset));
+}
+
 TEST_F(SimFlows, AfterListenHasTakenOnePatchASecondIsNotHeard)
 {
     mnuListen(model);

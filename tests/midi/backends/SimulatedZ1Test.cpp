@@ -24,9 +24,14 @@ SysExMessage request(int index, int channel)
     return requestMessage(dumpRequests()[static_cast<std::size_t>(index)], channel);
 }
 
+// DATA LOAD COMPLETED is F0 42 3g 46 23 F7; DATA LOAD ERROR has a 0 before
+// its F7.
 SysExMessage acknowledgement(int channel, std::uint8_t function)
 {
-    return {0xF0, 0x42, static_cast<std::uint8_t>(0x2F + channel), 0x46, function, 0xF7};
+    const auto g = static_cast<std::uint8_t>(0x2F + channel);
+    if (function == kLoadError)
+        return {0xF0, 0x42, g, 0x46, function, 0x00, 0xF7};
+    return {0xF0, 0x42, g, 0x46, function, 0xF7};
 }
 
 // Packed data that differs from whatever the factory memory holds.
@@ -171,6 +176,42 @@ TEST(SimulatedZ1, BankAAsAllProgramAnswersABankARequestWithBothBanks)
     EXPECT_TRUE(std::equal(b.begin(), b.end(), both.begin() + 73728));
     // Bank B is still answered as a bank.
     EXPECT_EQ(z1.receiveSysEx(request(2, 2))[0].size(), 84270u);
+}
+
+TEST(SimulatedZ1, AllProgramDumpCarriesTheSubHeader20_00_00)
+{
+    SimulatedZ1 z1(1);
+    z1.setBankAAsAllProgram(true);
+    const SysExMessage dump = z1.receiveSysEx(request(1, 1)).at(0);
+    ASSERT_EQ(dump.size(), 168531u);
+    EXPECT_EQ(dump[5], 0x20);
+    EXPECT_EQ(dump[6], 0x00);
+    EXPECT_EQ(dump[7], 0x00);
+}
+
+TEST(SimulatedZ1, DataLoadErrorIsSevenBytesWithAZeroBeforeItsF7)
+{
+    SimulatedZ1 z1(3);
+    const auto answers = z1.receiveSysEx(withLength(currentPatchDump(3, filler(659, 20)), 661));
+    ASSERT_EQ(answers.size(), 1u);
+    EXPECT_EQ(answers[0], (SysExMessage{0xF0, 0x42, 0x32, 0x46, 0x24, 0x00, 0xF7}));
+}
+
+TEST(SimulatedZ1, TakesTheInstrumentsOwnPatternDumpOf301BytesAsThePattern)
+{
+    SimulatedZ1 z1(1);
+    const SysExImage pattern = filler(293, 21);
+    const std::uint8_t header[] = {0x00, 0x0C};  // pattern 12 of the bank
+    const SysExMessage dump = buildSysExMessage(0x69, header, 1, pattern);
+    ASSERT_EQ(dump.size(), 301u);
+    const auto answers = z1.receiveSysEx(dump);
+    ASSERT_EQ(answers.size(), 1u);
+    EXPECT_EQ(answers[0], acknowledgement(1, kCompleted));
+    EXPECT_EQ(z1.memory().currentPattern, pattern);
+    // The 300-byte form is still taken.
+    const SysExImage other = filler(293, 22);
+    EXPECT_EQ(z1.receiveSysEx(currentPatternDump(1, other)).at(0), acknowledgement(1, kCompleted));
+    EXPECT_EQ(z1.memory().currentPattern, other);
 }
 
 TEST(SimulatedZ1, TakesACurrentPatchAndAcknowledgesIt)
