@@ -58,14 +58,20 @@ void EditBuffers::updatePrevLoaded(int kind)
 
 void EditBuffers::updateLast(int kind)
 {
-    if (hasBuffers(kind))
-        of(kind).last = of(kind).current;
+    if (!hasBuffers(kind))
+        return;
+    of(kind).last = of(kind).current;
+    if (kind == kPattern)
+        arpEditor.UndoStep = arpEditor.StepCurrent;
 }
 
 void EditBuffers::updateCurrentLast(int kind)
 {
-    if (hasBuffers(kind))
-        of(kind).current = of(kind).last;
+    if (!hasBuffers(kind))
+        return;
+    of(kind).current = of(kind).last;
+    if (kind == kPattern)
+        arpEditor.StepNum = arpEditor.UndoStep;
 }
 
 void EditBuffers::updateCurrentDefaults(int kind)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editors/ArpEditorState.h"
 #include "model/DataTypes.h"
 
 #include <array>
@@ -30,9 +31,14 @@ public:
 
     void updateLoaded(int kind);         // Current to Loaded
     void updatePrevLoaded(int kind);     // Current to PrevLoaded
-    void updateLast(int kind);           // Current to Last
+    // Current to Last; for the pattern also the step on show, which
+    // updateCurrentLast puts back into updStepNum with Last.
+    void updateLast(int kind);
     void updateCurrentLast(int kind);    // Last to Current
     void updateCurrentDefaults(int kind);  // Defaults to Current
+
+    // The arpeggiator screen's step and tools.
+    ArpEditorState arpEditor;
 
 private:
     std::array<ItemBuffers, 3> items_;  // patch, multiset, pattern

@@ -1,5 +1,6 @@
 #include "editors/Frames.h"
 
+#include "editors/ArpScreen.h"
 #include "editors/ItemStatus.h"
 #include "editors/MultiSelect.h"
 #include "editors/Navigation.h"
@@ -440,6 +441,7 @@ void setUpScreenContent(AppModel& model, int previousMode)
         parts.fraArpSelect = true;
         parts.fraArpParams = true;
         parts.fraArpSteps = true;
+        setUpPatternScreen(model);
         break;
     default: break;
     }

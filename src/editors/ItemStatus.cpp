@@ -1,5 +1,6 @@
 #include "editors/ItemStatus.h"
 
+#include "editors/ArpSteps.h"
 #include "editors/Frames.h"
 #include "files/LoadFlow.h"
 #include "files/SuggestedNames.h"
@@ -10,15 +11,6 @@
 #include <algorithm>
 
 namespace quillon {
-
-namespace {
-
-constexpr int kPatternLengthParam = 30;
-constexpr int kFirstToneParam = 41;  // Tone MSB of step 1; Tone LSB follows
-constexpr int kStepParams = 6;
-constexpr int kSteps = 36;
-
-}  // namespace
 
 void checkChanged(AppModel& model, int kind)
 {
@@ -40,10 +32,9 @@ void checkArpChanged(AppModel& model) { checkChanged(model, kPattern); }
 bool arpHasTones(AppModel& model)
 {
     const ParamValues& pattern = model.buffers.of(kPattern).current;
-    const int length = std::clamp<int>(pattern[kPatternLengthParam], 0, kSteps);
-    for (int step = 0; step < length; ++step) {
-        const int tone = kFirstToneParam + kStepParams * step;
-        if (pattern[tone] != 0 || pattern[tone + 1] != 0) {
+    const int length = std::clamp(patternLength(pattern), 0, kArpSteps);
+    for (int step = 1; step <= length; ++step) {
+        if (arpStepMask(pattern, step) != 0) {
             model.flags.loaded[kPattern] = true;
             return true;
         }

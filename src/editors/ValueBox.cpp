@@ -1,5 +1,6 @@
 #include "editors/ValueBox.h"
 
+#include "editors/ArpScreen.h"
 #include "editors/EnvelopeGraph.h"
 #include "editors/Frames.h"
 #include "editors/ScreenLayout.h"
@@ -17,8 +18,6 @@
 namespace quillon {
 
 namespace {
-
-constexpr int kPatternLengthRow = 7;
 
 const std::vector<ParamDef>& rowsOf(int kind)
 {

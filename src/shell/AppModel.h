@@ -1,6 +1,7 @@
 #pragma once
 
 #include "banks/BankStore.h"
+#include "editors/ArpScreen.h"
 #include "editors/EditBuffers.h"
 #include "editors/EnvelopeGraph.h"
 #include "editors/KindFlags.h"
@@ -71,6 +72,7 @@ public:
     MultiSelectState multiSelect;  // fraMultiSelect of the multi screen
     ScreenLayout layout;           // the frames of the patch and multi screens and their navigation
     EnvelopeGraph envelope;        // fraEnvelope of the patch screen
+    ArpScreenView arpScreen;       // the arpeggiator screen: grid, rows, step boxes, pattern list
 
     // The unpacked image of the patch, multiset and pattern, by Kind; the
     // banks keep theirs in the bank store.

@@ -23,6 +23,10 @@ enum ModelChange : unsigned {
     kFrame1Changed = 1u << 10,
     kFrame2Changed = 1u << 11,
     kNavigationChanged = 1u << 12,
+    // The arpeggiator screen: the grid's boxes and step markers; the rows,
+    // step boxes, tone numbers, copy mode marks and pattern list.
+    kPatternGridChanged = 1u << 13,
+    kPatternRowsChanged = 1u << 14,
 };
 
 // Screens observe the model through this; a bulk change such as a load

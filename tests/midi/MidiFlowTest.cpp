@@ -12,7 +12,6 @@ namespace quillon {
 namespace {
 
 constexpr int kNameChars = 16;
-constexpr int kPatternLengthParam = 30;
 constexpr int kFirstToneParam = 41;
 
 void nameItem(AppModel& model, int kind, const std::string& name)
