@@ -2,15 +2,17 @@
 // program started as a user starts it, with a file opened if one is given,
 // and the main window or one of its forms drawn into a PNG file.
 //
-// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope|mod|request|midi|received] [FILE.syx]
+// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope|mod|pattern|request|midi|received] [FILE.syx]
 //
 // "patch" shows the patch screen with OSC1 in the left frame and its
 // setting rows in the right one; "envelope" shows EG1 with its graph;
 // "mod" the list of the patch's modulation sources.
 // The program talks to the simulated Z1: "request" shows the Request
 // dialog, "midi" the MIDI tab of the settings, "received" the main window
-// once bank A has been requested and has arrived.
+// once bank A has been requested and has arrived, "pattern" the pattern
+// screen once the ArpBank has arrived and a pattern has been taken from it.
 
+#include "editors/ArpCommands.h"
 #include "editors/Navigation.h"
 #include "editors/screens/frmMod.h"
 #include "files/MiscDialog.h"
@@ -67,6 +69,8 @@ std::string sectionKeyOf(int param)
 }
 
 constexpr int kOsc1Type = 174;
+constexpr int kArpBankRequest = 7;
+constexpr int kShownPattern = 6;  // a user pattern of the ArpBank
 
 }  // namespace
 
@@ -75,7 +79,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     if (argc < 2) {
         std::fprintf(stderr, "usage: quillon_screenshot OUT.png [--form "
-                             "main|settings|help|params|about|patch|envelope|mod|request|midi|received] [FILE.syx]\n");
+                             "main|settings|help|params|about|patch|envelope|mod|pattern|request|midi|received] [FILE.syx]\n");
         return 2;
     }
     std::string form = "main";
@@ -103,16 +107,18 @@ int main(int argc, char** argv)
         // OSC1 Setting first, then OSC1: the setting moves to the right frame.
         quillon::clickTreeNode(model, "SS13");
         quillon::clickTreeNode(model, sectionKeyOf(kOsc1Type));
-    } else if (form == "received") {
-        quillon::doSendRequest(model, 1);
+    } else if (form == "received" || form == "pattern") {
+        quillon::doSendRequest(model, form == "pattern" ? kArpBankRequest : 1);
         const QDeadlineTimer deadline(10000);
         while (model.midi.requestPending != 0 && !deadline.hasExpired())
             QApplication::processEvents(QEventLoop::AllEvents, 50);
+        if (form == "pattern")
+            quillon::clickArpeggioList(model, kShownPattern);
     } else if (form == "envelope") {
         model.settings.graphicEnvelope = true;
         quillon::clickTreeNode(model, "S2");  // EG1
     }
-    const bool editing = form == "patch" || form == "envelope";
+    const bool editing = form == "patch" || form == "envelope" || form == "pattern";
     window.resize(editing ? 1280 : 1000, editing ? 720 : 640);
     window.show();
 

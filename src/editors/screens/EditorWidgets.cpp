@@ -43,14 +43,17 @@ int pixelsToTwips(double pixels, double scale) { return static_cast<int>(std::lr
 QString schemeStyle(int scheme, const QWidget* widget)
 {
     const ColourScheme* colours = colourScheme(scheme);
-    if (colours == nullptr)
-        return {};
+    return colours != nullptr ? colourStyle(*colours, widget) : QString();
+}
+
+QString colourStyle(const ColourScheme& colours, const QWidget* widget)
+{
     const QPalette palette = widget != nullptr ? widget->palette() : QPalette();
-    const QColor background = colours->backgroundSystem != SystemColour::None
-                                  ? systemColour(colours->backgroundSystem, palette)
-                                  : QColor(QRgb(colours->background));
-    const QColor text = colours->textSystem != SystemColour::None ? systemColour(colours->textSystem, palette)
-                                                                  : QColor(QRgb(colours->text));
+    const QColor background = colours.backgroundSystem != SystemColour::None
+                                  ? systemColour(colours.backgroundSystem, palette)
+                                  : QColor(QRgb(colours.background));
+    const QColor text = colours.textSystem != SystemColour::None ? systemColour(colours.textSystem, palette)
+                                                                 : QColor(QRgb(colours.text));
     return QString("background-color: %1; color: %2;").arg(background.name(), text.name());
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editors/ColourSchemes.h"
+
 #include <QLabel>
 #include <QSpinBox>
 #include <QString>
@@ -23,6 +25,8 @@ int pixelsToTwips(double pixels, double scale);
 // The style sheet of a label in colour scheme `scheme` (1 to 13); empty for
 // any other number.
 QString schemeStyle(int scheme, const QWidget* widget);
+// The same for a pair of colours of its own.
+QString colourStyle(const ColourScheme& colours, const QWidget* widget);
 
 // Sets a style sheet only when it differs: every setting polishes the widget
 // again, which a screen set-up would otherwise pay for on each label.

@@ -3,6 +3,7 @@
 #include "editors/Frames.h"
 #include "editors/ItemStatus.h"
 #include "editors/ModSources.h"
+#include "editors/screens/ArpEditorScreen.h"
 #include "editors/screens/EditorScreens.h"
 #include "editors/screens/EditorWidgets.h"
 #include "editors/screens/frmMod.h"
@@ -159,11 +160,14 @@ void frmMain::buildCentre()
     auto* screensLayout = new QVBoxLayout(screens);
     screensLayout->setContentsMargins(0, 0, 0, 0);
     screensLayout->addWidget(hint);
-    // The patch and multi screens; the bank and pattern screens still show
-    // the hint.
+    // The patch and multi screens, and the pattern screen; the bank screens
+    // still show the hint.
     auto* editor = new EditorScreens(model_, screens);
     editor->hide();
     screensLayout->addWidget(editor, 1);
+    auto* pattern = new ArpEditorScreen(model_, screens);
+    pattern->hide();
+    screensLayout->addWidget(pattern, 1);
     column->addWidget(screens, 1);
 
     status_ = new QLabel(centre);
@@ -281,8 +285,10 @@ void frmMain::refresh(unsigned changes)
         refreshRecentFiles();
     if (changes & kScreenChanged) {
         const bool editing = model_.mode == 1 || model_.mode == 4;
-        findChild<QWidget*>("lblScreensHint")->setVisible(!editing);
+        const bool pattern = model_.mode == kPattern;
+        findChild<QWidget*>("lblScreensHint")->setVisible(!editing && !pattern);
         findChild<EditorScreens*>("fraEditor")->setVisible(editing);
+        findChild<ArpEditorScreen*>("fraArpEditor")->setVisible(pattern);
     }
     if (changes & (kNavigationChanged | kScreenChanged)) {
         for (const char* key : {"spst", "spsg", "flr", "fla", "fra"})
