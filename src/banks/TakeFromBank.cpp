@@ -1,5 +1,6 @@
 #include "banks/TakeFromBank.h"
 
+#include "banks/BankView.h"
 #include "files/LoadFlow.h"
 #include "model/Kind.h"
 #include "shell/AppModel.h"
@@ -10,12 +11,15 @@ namespace quillon {
 
 namespace {
 
-bool takeIntoEditor(AppModel& model, int kind, const ByteImage& member)
+bool takeIntoEditor(AppModel& model, int kind, const ByteImage& member, bool fromSelection)
 {
     model.saveCancelled = false;
     if (!doPreLoad(model, kind))
         return false;
     AppModel::Batch batch(model);
+    // The patch goes into the editor and so leaves the selection of the view.
+    if (fromSelection)
+        setEditorFromSelection(model, 0);
     ByteImage& image = model.itemImage(kind);
     std::copy(member.begin(), member.end(), image.begin());
     model.buffers.updateCurrentDefaults(kind);
@@ -32,7 +36,7 @@ bool takeIntoEditor(AppModel& model, int kind, const ByteImage& member)
 bool takePatchFromBank(AppModel& model, int position)
 {
     const int bank = model.bankTarget;
-    if (!takeIntoEditor(model, kPatch, model.banks.readBankPatch(bank, position)))
+    if (!takeIntoEditor(model, kPatch, model.banks.readBankPatch(bank, position), true))
         return false;
     model.banks.lastPutPatch = position + (bank == kPatchBankB ? kPatchesPerBank : 0);
     return true;
@@ -40,7 +44,7 @@ bool takePatchFromBank(AppModel& model, int position)
 
 bool takeMultiFromBank(AppModel& model, int bank, int position)
 {
-    if (!takeIntoEditor(model, kMultiset, model.banks.readBankMulti(bank, position)))
+    if (!takeIntoEditor(model, kMultiset, model.banks.readBankMulti(bank, position), false))
         return false;
     model.banks.lastPutMulti = position + (bank == kMultiBankB ? kMultisPerBank : 0);
     return true;
@@ -48,7 +52,7 @@ bool takeMultiFromBank(AppModel& model, int bank, int position)
 
 bool takePatternFromBank(AppModel& model, int position)
 {
-    if (!takeIntoEditor(model, kPattern, model.banks.readBankPattern(position)))
+    if (!takeIntoEditor(model, kPattern, model.banks.readBankPattern(position), false))
         return false;
     model.banks.lastPutPattern = position;
     return true;

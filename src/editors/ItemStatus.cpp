@@ -67,13 +67,6 @@ void setUpSendMenu(AppModel& model, int kind)
     model.changed(kSendMenuChanged);
 }
 
-void updateUndoBankMenu(AppModel& model, int operation)
-{
-    if (operation == 0)
-        model.banks.clearUndo();
-    model.changed(kUndoMenuChanged);
-}
-
 void clearStatusMessages(AppModel& model)
 {
     model.host().setStatus("", StatusColour::Done);

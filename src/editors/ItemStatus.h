@@ -1,5 +1,8 @@
 #pragma once
 
+// updateUndoBankMenu lives with the undo ring of the banks.
+#include "banks/BankUndo.h"
+
 namespace quillon {
 
 class AppModel;
@@ -22,9 +25,6 @@ void setUpScreen(AppModel& model, int mode);
 // Keeps the Send command in step with the item: enabled when it is loaded,
 // captioned with the text of its label.
 void setUpSendMenu(AppModel& model, int kind);
-
-// Empties the undo of bank reorderings (operation 0) and updates its menu.
-void updateUndoBankMenu(AppModel& model, int operation);
 
 // Empties both status lines.
 void clearStatusMessages(AppModel& model);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "banks/BankStore.h"
+#include "banks/BankView.h"
 #include "editors/ArpScreen.h"
 #include "editors/EditBuffers.h"
 #include "editors/EnvelopeGraph.h"
@@ -73,6 +74,7 @@ public:
     ScreenLayout layout;           // the frames of the patch and multi screens and their navigation
     EnvelopeGraph envelope;        // fraEnvelope of the patch screen
     ArpScreenView arpScreen;       // the arpeggiator screen: grid, rows, step boxes, pattern list
+    BankViewState bankView;        // the grid of the bank view and the Undo items
 
     // The unpacked image of the patch, multiset and pattern, by Kind; the
     // banks keep theirs in the bank store.

@@ -27,6 +27,9 @@ enum ModelChange : unsigned {
     // step boxes, tone numbers, copy mode marks and pattern list.
     kPatternGridChanged = 1u << 13,
     kPatternRowsChanged = 1u << 14,
+    // The bank view: the captions and colours of the name labels, the grid
+    // made, the selection tools shown or hidden.
+    kBankViewChanged = 1u << 15,
 };
 
 // Screens observe the model through this; a bulk change such as a load

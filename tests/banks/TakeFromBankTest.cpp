@@ -1,5 +1,7 @@
 #include "banks/TakeFromBank.h"
 
+#include "banks/BankView.h"
+
 #include "model/Kind.h"
 #include "model/ParamImage.h"
 #include "model/ParamTables.h"
@@ -66,6 +68,24 @@ TEST(TakeFromBank, MultisetAndPatternRememberTheirPlace)
     ASSERT_TRUE(takePatternFromBank(t.model, 12));
     EXPECT_EQ(t.model.banks.lastPutPattern, 12);
     EXPECT_TRUE(t.model.flags.loaded[kPattern]);
+}
+
+
+TEST(TakeFromBank, PatchTakenFromTheSelectionLeavesIt)
+{
+    TestModel t;
+    t.model.mode = kPatchBankA;
+    t.model.bankTarget = kPatchBankA;
+    t.model.flags.loaded[kPatchBankA] = true;
+    t.model.banks.writeBankPatch(kPatchBankA, 4, patchNamed("Taken"));
+    BankSelection& selection = t.model.banks.selection(kPatchBankA);
+    selection.selectionFlags[4] = -1;
+    bankSelectSequence(t.model);
+    ASSERT_TRUE(takePatchFromBank(t.model, 4));
+    EXPECT_EQ(selection.selectionCount, 0);
+    EXPECT_FALSE(selection.selected(4));
+    EXPECT_EQ(t.model.bankView.labels[4].scheme, kUnselectedScheme);
+    EXPECT_FALSE(t.model.bankView.selectionToolsShown);
 }
 
 }  // namespace
