@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace quillon {
 
@@ -28,6 +29,19 @@ struct GenerationSettings {
     int modIntChoice = 0;  // cmbModInt
 
     bool operator==(const GenerationSettings&) const = default;
+};
+
+// What frmFind shows when it opens again: the text search's option and the
+// last ten texts searched (newest first), the text in lower case, and the
+// type search's option and the row chosen in its list.
+struct FindSettings {
+    int textOption = 0;  // 0 to 4
+    std::vector<std::string> recentTexts;
+    std::string text;
+    int typeOption = 0;  // 0 to 10
+    int typeValue = 0;
+
+    bool operator==(const FindSettings&) const = default;
 };
 
 // The program's system settings, kept in Quillonset.dat, and the folders
@@ -69,6 +83,8 @@ struct SystemSettings {
 
     bool graphicEnvelope = false;
     bool modulationShow = false;  // true: "Show selected modulators", false: "Show all modulators"
+
+    FindSettings find;
 
     int recentFilesShown = 0;
     int recentFilesMax = 10;

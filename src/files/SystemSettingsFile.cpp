@@ -6,6 +6,7 @@
 #include "shell/AppModel.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 
 namespace quillon {
@@ -25,6 +26,19 @@ constexpr int kUserFiles = 6;
 constexpr int kChannels = 16;
 constexpr int kToneLengths = 51;  // 0.0 to 5.0 seconds
 constexpr int kToneValues = 128;  // velocities and key numbers
+
+// Find's settings came later than the rest and live in lines the other
+// settings leave empty: the two options, the row of the type list, the text
+// and the last ten texts searched. A file without them gives Find's
+// defaults quietly.
+constexpr std::size_t kFindOptionsLine = 10;
+constexpr std::size_t kFindValueLine = 11;
+constexpr std::size_t kFindTextLine = 12;
+constexpr std::size_t kFindRecentLine = 40;
+constexpr std::size_t kFindTextsKept = 10;
+constexpr int kFindTextOptions = 5;
+constexpr int kFindTypeOptions = 11;
+constexpr int kFindTypeValues = 128;
 
 char smallNumber(int value) { return static_cast<char>(std::clamp(value + 32, 0, 255)); }
 char flag(bool on) { return on ? '!' : ' '; }
@@ -234,11 +248,35 @@ std::vector<std::string> systemSettingsLines(const SystemSettings& s)
         lines[22] += smallNumber(value);
     lines[25] = {flag(s.graphicEnvelope), flag(s.modulationShow)};
     lines[30] = {smallNumber(s.recentFilesShown), smallNumber(s.recentFilesMax)};
+    lines[kFindOptionsLine] = {smallNumber(s.find.textOption), smallNumber(s.find.typeOption)};
+    lines[kFindValueLine] = std::to_string(s.find.typeValue);
+    lines[kFindTextLine] = s.find.text;
+    for (std::size_t k = 0; k < s.find.recentTexts.size() && k < kFindTextsKept; ++k)
+        lines[kFindRecentLine + k] = s.find.recentTexts[k];
     lines.erase(lines.begin());
     return lines;
 }
 
 namespace {
+
+void takeFindLines(const std::vector<std::string>& lines, FindSettings& find)
+{
+    const auto text = [&lines](std::size_t line) -> const std::string& { return lines[line - 1]; };
+    const std::string& options = text(kFindOptionsLine);
+    if (options.size() == 2 && within(numberAt(options, 1), kFindTextOptions) &&
+        within(numberAt(options, 2), kFindTypeOptions)) {
+        find.textOption = numberAt(options, 1);
+        find.typeOption = numberAt(options, 2);
+    }
+    const std::string& value = text(kFindValueLine);
+    if (!value.empty() && value.size() <= 3 && std::all_of(value.begin(), value.end(), ::isdigit) &&
+        within(std::stoi(value), kFindTypeValues))
+        find.typeValue = std::stoi(value);
+    find.text = text(kFindTextLine);
+    find.recentTexts.clear();
+    for (std::size_t k = 0; k < kFindTextsKept && !text(kFindRecentLine + k).empty(); ++k)
+        find.recentTexts.push_back(text(kFindRecentLine + k));
+}
 
 // Decodes the 50 lines in their fixed order; a line of the wrong length or
 // with a value the settings cannot hold ends it, and what came before stands.
@@ -281,6 +319,7 @@ bool decodeSystemSettings(Host& host, const std::vector<std::string>& lines, Sys
     for (int line : {25, 30})
         if (!takeLine(line))
             return false;
+    takeFindLines(lines, s.find);
     return true;
 }
 

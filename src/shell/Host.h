@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -35,9 +36,29 @@ struct FileDialogRequest {
 // high byte and red in the low: busy is orange, done green, error dark red.
 enum class StatusColour : int { Busy = 16576, Done = 32768, Error = 192 };
 
+// The shared Dialog of the bank commands in mode 1 (where a patch goes), 4
+// (a multiset) or 5 (a pattern): the names it shows and where it starts.
+struct BankDialogRequest {
+    int mode = 0;
+    // The name now standing at a place: mode 1 a combined patch position
+    // 0 to 255, mode 4 a combined multiset position 0 to 31, mode 5 a
+    // position 0 to 19 of the arpeggiator bank.
+    std::function<std::string(int place)> nameAt;
+    // Whether a bank Kind is loaded.
+    std::function<bool(int kind)> bankLoaded;
+    // The place the dialog starts on, numbered as for nameAt.
+    int selectedPlace = 0;
+    // The name of the item in the editor that goes into the bank.
+    std::string newName;
+};
+
 class Host {
 public:
     virtual ~Host() = default;
+
+    // The place the user chose on the bank Dialog, numbered as its nameAt,
+    // or -1 for Cancel. A host with no one to choose cancels.
+    virtual int chooseBankPlace(const BankDialogRequest&) { return -1; }
 
     virtual Answer showMessage(const MessageRequest& request) = 0;
 

@@ -83,6 +83,11 @@ SystemSettings everySettingChanged()
     s.extractFolder = "/music/extracted";
     s.listFolder = "/music/lists";
     s.helpFolder = "/opt/quillon/help/";
+    s.find.textOption = 4;
+    s.find.typeOption = 10;
+    s.find.typeValue = 127;
+    s.find.text = "warm pad";
+    s.find.recentTexts = {"warm pad", "bell", "Lead 2", "a", "b", "c", "d", "e", "f", "last"};
     return s;
 }
 
@@ -163,6 +168,18 @@ TEST(SystemSettingsFile, EverySettingSurvivesSaveAndRead)
     EXPECT_TRUE(readSystemSettings(later));
 
     EXPECT_EQ(later.settings, everySettingChanged());
+    EXPECT_TRUE(t.host.messages.empty());
+}
+
+TEST(SystemSettingsFile, AFileWithoutFindsLinesGivesFindsDefaultsQuietly)
+{
+    TestModel t;
+    std::vector<std::string> lines = goodLines();
+    for (int line : {10, 11, 12, 40, 41, 49})
+        lines[static_cast<std::size_t>(line - 1)].clear();
+    writeSettingsFile(t.folder / kSystemSettingsFile, lines);
+    EXPECT_TRUE(readSystemSettings(t.model));
+    EXPECT_EQ(t.model.settings.find, FindSettings{});
     EXPECT_TRUE(t.host.messages.empty());
 }
 

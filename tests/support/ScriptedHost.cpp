@@ -8,7 +8,7 @@ namespace {
 
 const char* dialogName(int dialog)
 {
-    static const char* const names[] = {"message box", "open-file dialog", "save-file dialog"};
+    static const char* const names[] = {"message box", "open-file dialog", "save-file dialog", "bank dialog"};
     return names[dialog];
 }
 
@@ -36,6 +36,14 @@ ScriptedHost& ScriptedHost::expectOpenFile(std::string title, std::optional<std:
 ScriptedHost& ScriptedHost::expectSaveFile(std::string title, std::optional<std::string> path)
 {
     expected_.push_back({Dialog::SaveFile, std::move(title), {}, Answer::Ok, std::move(path)});
+    return *this;
+}
+
+ScriptedHost& ScriptedHost::expectBankDialog(int mode, int place)
+{
+    Expected e{Dialog::BankDialog, "mode " + std::to_string(mode), {}, Answer::Ok, {}};
+    e.place = place;
+    expected_.push_back(std::move(e));
     return *this;
 }
 
@@ -72,6 +80,12 @@ std::optional<std::string> ScriptedHost::chooseSaveFile(const FileDialogRequest&
 {
     saveDialogs.push_back(request);
     return take(Dialog::SaveFile, request.title, request.fileName).path;
+}
+
+int ScriptedHost::chooseBankPlace(const BankDialogRequest& request)
+{
+    bankDialogs.push_back(request);
+    return take(Dialog::BankDialog, "mode " + std::to_string(request.mode), request.newName).place;
 }
 
 void ScriptedHost::setStatus(const std::string& text, StatusColour colour)

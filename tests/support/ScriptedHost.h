@@ -24,6 +24,10 @@ public:
     ScriptedHost& expectOpenFile(std::string title, std::optional<std::string> path);
     ScriptedHost& expectSaveFile(std::string title, std::optional<std::string> path);
 
+    // The bank Dialog in this mode is expected and answered with a place
+    // (-1 for Cancel).
+    ScriptedHost& expectBankDialog(int mode, int place);
+
     // Every dialog queued has been shown.
     bool allShown() const { return expected_.empty(); }
 
@@ -33,11 +37,13 @@ public:
     void setStatus(const std::string& text, StatusColour colour) override;
     void setMessage(const std::string& text) override;
     void setBusy(bool busy) override;
+    int chooseBankPlace(const BankDialogRequest& request) override;
 
     // What the dialogs were given, in order, for tests that look closer.
     std::vector<MessageRequest> messages;
     std::vector<FileDialogRequest> openDialogs;
     std::vector<FileDialogRequest> saveDialogs;
+    std::vector<BankDialogRequest> bankDialogs;
 
     std::string status;
     StatusColour statusColour = StatusColour::Done;
@@ -45,13 +51,14 @@ public:
     int busyDepth = 0;
 
 private:
-    enum class Dialog { Message, OpenFile, SaveFile };
+    enum class Dialog { Message, OpenFile, SaveFile, BankDialog };
     struct Expected {
         Dialog dialog;
         std::string title;
         std::optional<std::string> text;
         Answer answer = Answer::Ok;
         std::optional<std::string> path;
+        int place = -1;
     };
 
     Expected take(Dialog dialog, const std::string& title, const std::string& text);

@@ -1,5 +1,7 @@
 #include "shell/screens/QtHost.h"
 
+#include "shell/screens/Dialog.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QLabel>
@@ -140,6 +142,16 @@ void QtHost::setBusy(bool busy)
         QApplication::setOverrideCursor(Qt::WaitCursor);
     else
         QApplication::restoreOverrideCursor();
+}
+
+int QtHost::chooseBankPlace(const BankDialogRequest& request)
+{
+    DialogSource source;
+    source.nameAt = request.nameAt;
+    source.bankLoaded = request.bankLoaded;
+    source.selectedPlace = request.selectedPlace;
+    source.newName = request.newName;
+    return runDialog(request.mode, std::move(source), parent_);
 }
 
 }  // namespace quillon

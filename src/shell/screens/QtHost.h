@@ -24,6 +24,7 @@ public:
     void setStatus(const std::string& text, StatusColour colour) override;
     void setMessage(const std::string& text) override;
     void setBusy(bool busy) override;
+    int chooseBankPlace(const BankDialogRequest& request) override;
 
 private:
     QWidget* parent_ = nullptr;
