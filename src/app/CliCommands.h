@@ -32,6 +32,11 @@ int runParams(const std::vector<std::string>& args, std::ostream& out, std::ostr
 // A file opened and saved again in the program's own plain form.
 int runConvert(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
+// The patches of .syx files (folders searched through) that meet every
+// condition given, by Find's rules: file, position in the file, bank place
+// and name, a line each.
+int runFindFiles(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
 // The commands over MIDI, on the system QUILLON_MIDI_API names.
 // The input and output devices, numbered.
 int runPorts(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);

@@ -19,6 +19,9 @@ constexpr std::string_view kUsage =
     "  dump FILE [--member N]         the parameter dump of a patch, multiset or pattern\n"
     "  params FILE [--member N] --json  the parameter values of an item as JSON\n"
     "  convert IN OUT                 IN saved again as a plain .syx file\n"
+    "  find PATH... [--name TEXT] [--category N|NAME] [--osc1 N|NAME] ...\n"
+    "                                 the patches of files and folders that match every\n"
+    "                                 condition, as Find finds them (find alone lists them all)\n"
     "  ports                          the MIDI input and output devices, numbered\n"
     "  request ITEM --out FILE [--in N] [--out-port N] [--channel C] [--timeout S]\n"
     "                                 asks the Z1 for ITEM (patch, bank-a, bank-b, multi,\n"
@@ -56,6 +59,8 @@ int main(int argc, char** argv)
         return quillon::runParams(args, std::cout, std::cerr);
     if (command == "convert")
         return quillon::runConvert(args, std::cout, std::cerr);
+    if (command == "find")
+        return quillon::runFindFiles(args, std::cout, std::cerr);
     if (command == "ports")
         return quillon::runPorts(args, std::cout, std::cerr);
     if (command == "request")

@@ -122,6 +122,12 @@ bool findTypeHit(int code, const ByteImage& bank, int position, int value)
     return bankPatchAttribute(bank, position, search->key) - search->offset == value;
 }
 
+bool findPatchHit(const FindCriterion& criterion, std::string_view name, const ByteImage& image, int position)
+{
+    return criterion.code < kFindTypeCodeBase ? findTextHit(criterion.code, name, criterion.text)
+                                              : findTypeHit(criterion.code, image, position, criterion.value);
+}
+
 std::vector<std::string> findTypeNames(const AppModel& model, int code)
 {
     const TypeSearch* search = typeSearch(code);
@@ -160,8 +166,7 @@ void runFind(AppModel& model, int code, FindScope scope)
         if (scope.withinSelection && !selection.selected(patch))
             continue;
         hits[static_cast<std::size_t>(patch)] =
-            code < kFindTypeCodeBase ? findTextHit(code, model.banks.bankPatchName(bank, patch), settings.text)
-                                     : findTypeHit(code, image, patch, settings.typeValue);
+            findPatchHit({code, settings.text, settings.typeValue}, model.banks.bankPatchName(bank, patch), image, patch);
     }
     AppModel::Batch batch(model);
     if (!scope.keepSelection)

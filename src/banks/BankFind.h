@@ -39,6 +39,18 @@ bool findTextHit(int code, std::string_view name, std::string_view text);
 // 10 to 20 for the list row value.
 bool findTypeHit(int code, const ByteImage& bank, int position, int value);
 
+// One condition of a search: a text search (code 0 to 4) with its text in
+// lower case, or a type search (10 to 20) with its list row.
+struct FindCriterion {
+    int code = 0;
+    std::string text;
+    int value = 0;
+};
+
+// Whether the patch at position of an image of patches, named name, meets
+// the condition. An image of one patch has the position 0.
+bool findPatchHit(const FindCriterion& criterion, std::string_view name, const ByteImage& image, int position);
+
 // The rows of cmbTypeName for type search code 10 to 20; the linked pattern
 // rows name the user patterns of the arpeggiator bank when one is loaded.
 std::vector<std::string> findTypeNames(const AppModel& model, int code);

@@ -1,6 +1,7 @@
 #include "banks/PutInBank.h"
 
 #include "banks/BankFixtures.h"
+#include "model/BankImage.h"
 #include "model/Kind.h"
 #include "model/ParamTables.h"
 #include "support/TestModel.h"

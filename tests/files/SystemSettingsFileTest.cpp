@@ -234,7 +234,9 @@ TEST(SystemSettingsFile, FileHasFiftyLinesOfOneCharacterANumber)
     EXPECT_EQ(lines[19].substr(2), " )");  // channels 1 and 10 as their places 0 and 9
     EXPECT_EQ(lines[21], "%!4%");
     EXPECT_EQ(lines[29], "#*");
-    for (int line : {10, 11, 12, 14, 19, 23, 24, 26, 27, 28, 29, 31, 40, 50})
+    EXPECT_EQ(lines[9], "  ");  // Find's options, both 0
+    EXPECT_EQ(lines[10], "0");  // the row of Find's type list
+    for (int line : {12, 14, 19, 23, 24, 26, 27, 28, 29, 31, 40, 50})
         EXPECT_TRUE(lines[static_cast<std::size_t>(line - 1)].empty()) << "line " << line;
 }
 
