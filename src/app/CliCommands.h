@@ -31,6 +31,9 @@ int runDump(const std::vector<std::string>& args, std::ostream& out, std::ostrea
 int runParams(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 // A file opened and saved again in the program's own plain form.
 int runConvert(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// A PatchBank file sorted by one of the ten keys of the bank view and saved
+// to another file.
+int runSort(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 // The patches of .syx files (folders searched through) that meet every
 // condition given, by Find's rules: file, position in the file, bank place

@@ -22,6 +22,9 @@ constexpr std::string_view kUsage =
     "  find PATH... [--name TEXT] [--category N|NAME] [--osc1 N|NAME] ...\n"
     "                                 the patches of files and folders that match every\n"
     "                                 condition, as Find finds them (find alone lists them all)\n"
+    "  sort BANK --by KEY --out OUT   a PatchBank file sorted as the bank view sorts it; KEY:\n"
+    "                                 name, category, group, osc1, osc2, fx1, fx2, filter1,\n"
+    "                                 filter2, arp\n"
     "  ports                          the MIDI input and output devices, numbered\n"
     "  request ITEM --out FILE [--in N] [--out-port N] [--channel C] [--timeout S]\n"
     "                                 asks the Z1 for ITEM (patch, bank-a, bank-b, multi,\n"
@@ -61,6 +64,8 @@ int main(int argc, char** argv)
         return quillon::runConvert(args, std::cout, std::cerr);
     if (command == "find")
         return quillon::runFindFiles(args, std::cout, std::cerr);
+    if (command == "sort")
+        return quillon::runSort(args, std::cout, std::cerr);
     if (command == "ports")
         return quillon::runPorts(args, std::cout, std::cerr);
     if (command == "request")

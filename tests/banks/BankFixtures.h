@@ -1,7 +1,11 @@
 #pragma once
 
+#include "banks/BankView.h"
 #include "model/Kind.h"
 #include "shell/AppModel.h"
+#include "support/TestModel.h"
+
+#include <gtest/gtest.h>
 
 #include <cstdio>
 #include <string>
@@ -47,6 +51,14 @@ inline std::vector<std::string> bankNames(const AppModel& model, int bank)
     return names;
 }
 
+// Sets the byte that sort key 2..10 reads in a patch.
+inline void setPatchKey(AppModel& model, int bank, int patch, int key, int value)
+{
+    static constexpr int kKeyByte[] = {0, 456, 16, 17, 154, 206, 410, 433, 312, 339, 483};
+    model.banks.image(bank)[static_cast<std::size_t>(patch * kPatchBytes + kKeyByte[key])] =
+        static_cast<std::uint8_t>(value);
+}
+
 // Puts the bank view on a bank, as clicking its label does.
 inline void showBank(AppModel& model, int bank)
 {
@@ -56,5 +68,31 @@ inline void showBank(AppModel& model, int bank)
 
 // Flags the given patches of a bank and rebuilds its sequence.
 void selectPatches(AppModel& model, std::initializer_list<int> patches);
+
+// Bank A loaded with numbered patches and on show, its labels drawn.
+struct BankAOnShow : ::testing::Test {
+    TestModel t;
+    AppModel& model = t.model;
+
+    void SetUp() override
+    {
+        loadNumberedBank(model, kPatchBankA);
+        showBank(model, kPatchBankA);
+        fraBankLabelsSetUp(model, kPatchBankA, 0);
+    }
+
+    std::vector<std::string> names() { return bankNames(model, kPatchBankA); }
+
+    // The flagged patches of bank A in order.
+    std::vector<int> selected()
+    {
+        std::vector<int> patches;
+        for (int p = 0; p < kPatchesPerBank; ++p) {
+            if (model.banks.selection(kPatchBankA).selected(p))
+                patches.push_back(p);
+        }
+        return patches;
+    }
+};
 
 }  // namespace quillon

@@ -9,18 +9,7 @@
 namespace quillon {
 namespace {
 
-struct BankMouse : ::testing::Test {
-    TestModel t;
-    AppModel& model = t.model;
-
-    void SetUp() override
-    {
-        loadNumberedBank(model, kPatchBankA);
-        showBank(model, kPatchBankA);
-        fraBankSetUp(model);
-        fraBankLabelsSetUp(model, kPatchBankA, 0);
-    }
-
+struct BankMouse : BankAOnShow {
     BankClickResult click(int index, int button, int shift = 0)
     {
         bankLabelMouseDown(model, index, button, shift);
@@ -28,16 +17,6 @@ struct BankMouse : ::testing::Test {
     }
 
     const BankSelection& selection() { return model.banks.selection(kPatchBankA); }
-
-    std::vector<int> selected()
-    {
-        std::vector<int> patches;
-        for (int p = 0; p < kBankPatches; ++p) {
-            if (selection().selected(p))
-                patches.push_back(p);
-        }
-        return patches;
-    }
 };
 
 TEST_F(BankMouse, LeftClickTogglesThePatch)

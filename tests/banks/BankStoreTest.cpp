@@ -31,6 +31,22 @@ TEST(BankStore, WritingIdenticalDataLeavesTheFlagAsItIs)
     EXPECT_TRUE(flags.changed[kArpBank]);
 }
 
+TEST(BankStore, WriteBankPatchWithAnIdenticalImageLeavesChangedFlagsAtZero)
+{
+    KindFlags flags;
+    BankStore store(flags);
+    ByteImage patch(kPatchBytes, 0);
+    patch[0] = 'A';
+    store.writeBankPatch(kPatchBankA, 7, patch);
+    ASSERT_TRUE(flags.changed[kPatchBankA]);
+    flags.changed[kPatchBankA] = false;
+    store.writeBankPatch(kPatchBankA, 7, store.readBankPatch(kPatchBankA, 7));
+    EXPECT_FALSE(flags.changed[kPatchBankA]);
+    patch[kPatchBytes - 1] = 1;
+    store.writeBankPatch(kPatchBankA, 7, patch);
+    EXPECT_TRUE(flags.changed[kPatchBankA]);
+}
+
 TEST(BankStore, NamesFollowTheLoadedFlagOfTheirBank)
 {
     KindFlags flags;
