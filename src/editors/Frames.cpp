@@ -1,5 +1,6 @@
 #include "editors/Frames.h"
 
+#include "banks/BankView.h"
 #include "editors/ArpScreen.h"
 #include "editors/ItemStatus.h"
 #include "editors/MultiSelect.h"
@@ -432,6 +433,9 @@ void setUpScreenContent(AppModel& model, int previousMode)
     case kPatchBankA:
     case kPatchBankB:
         menus.mnuSubsection = false;
+        // The grid of the bank, with each bank's own selection.
+        fraBankSetUp(model);
+        fraBankLabelsSetUp(model, mode, 1);
         parts.fraBank = true;
         break;
     case kPattern:

@@ -1,5 +1,13 @@
 #include "shell/screens/frmMain.h"
 
+#include "banks/BankFind.h"
+#include "banks/BankProperties.h"
+#include "banks/BankUndo.h"
+#include "banks/BankView.h"
+#include "banks/PutInBank.h"
+#include "banks/TakeFromBank.h"
+#include "banks/screens/BankScreen.h"
+#include "banks/screens/frmFind.h"
 #include "editors/Frames.h"
 #include "editors/ItemStatus.h"
 #include "editors/ModSources.h"
@@ -31,6 +39,8 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
+#include <QSpinBox>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QShortcut>
@@ -125,7 +135,27 @@ void frmMain::buildToolbar()
         action->setObjectName("tlbMain_" + name);
         action->setToolTip(QString::fromUtf8(key.tooltip.data(), key.tooltip.size()));
         action->setEnabled(false);
+        // The merge tools carry the next group and subsection beside them.
+        if (name == "bpg")
+            addSelectionTools("txtBankPatchSelGroup", "updBankPatchSelGroup", 0, 8);
+        if (name == "bps")
+            addSelectionTools("txtBankPatchSelSS", "updBankPatchSelSS", 1, 50);
     }
+}
+
+void frmMain::addSelectionTools(const char* boxName, const char* spinName, int min, int max)
+{
+    auto* box = new QLineEdit(toolbar_);
+    box->setObjectName(boxName);
+    box->setReadOnly(true);
+    box->setMaximumWidth(110);
+    selectionTools_[boxName] = toolbar_->addWidget(box);
+    auto* spin = new QSpinBox(toolbar_);
+    spin->setObjectName(spinName);
+    spin->setRange(min, max);
+    spin->setButtonSymbols(QAbstractSpinBox::UpDownArrows);
+    spin->setMaximumWidth(20);
+    selectionTools_[spinName] = toolbar_->addWidget(spin);
 }
 
 void frmMain::buildCentre()
@@ -168,6 +198,9 @@ void frmMain::buildCentre()
     auto* pattern = new ArpEditorScreen(model_, screens);
     pattern->hide();
     screensLayout->addWidget(pattern, 1);
+    bankScreen_ = new BankScreen(model_, screens);
+    bankScreen_->hide();
+    screensLayout->addWidget(bankScreen_, 1);
     column->addWidget(screens, 1);
 
     status_ = new QLabel(centre);
@@ -240,6 +273,30 @@ void frmMain::wireCommands()
     setCommand("mnuHelpFAQ", [&m] { openFaqPage(m); });
     setCommand("mnuAbout", [this] { showAboutDialog(this); });
     wireMidiCommands();
+    wireBankCommands();
+}
+
+void frmMain::wireBankCommands()
+{
+    AppModel& m = model_;
+    setCommand("mnuPutPatchInBank", [&m] { mnuPutPatchInBank(m); });
+    setCommand("mnuPutMultiInBank", [&m] { mnuPutMultiInBank(m); });
+    setCommand("mnuPutArpInBank", [&m] { mnuPutArpInBank(m); });
+    setCommand("tlbMain_put", [&m] { putCurrentInBank(m); });
+    setCommand("mnuUndoBank", [&m] { mnuUndoBank(m); });
+    setCommand("mnuFind", [this] {
+        if (mnuFind(model_))
+            showFindForm(model_, this);
+    });
+    // The commands of the popups act on the patch in element 1 of the
+    // selection sequence, which a right click sets.
+    const auto element1 = [&m] { return static_cast<int>(m.banks.selection(m.bankTarget).selectionSequence[1]); };
+    bankScreen_->setCommand("mnuUndoBankPopup1", [&m] { undoBankOperation(m); });
+    bankScreen_->setCommand("mnuUndoBankPopup2", [&m] { undoBankOperation(m); });
+    bankScreen_->setCommand("mnuPutInEditor", [&m, element1] { takePatchFromBank(m, element1()); });
+    bankScreen_->setCommand("mnuProperties", [&m, element1] { showBankPatchProperties(m, element1()); });
+    bankScreen_->setCommand("mnuSelectAll", [&m] { mnuSelectAll(m); });
+    bankScreen_->setCommand("mnuDeselectAll", [&m] { mnuDeselectAll(m); });
 }
 
 void frmMain::wireMidiCommands()
@@ -286,15 +343,38 @@ void frmMain::refresh(unsigned changes)
     if (changes & kScreenChanged) {
         const bool editing = model_.mode == 1 || model_.mode == 4;
         const bool pattern = model_.mode == kPattern;
-        findChild<QWidget*>("lblScreensHint")->setVisible(!editing && !pattern);
         findChild<EditorScreens*>("fraEditor")->setVisible(editing);
         findChild<ArpEditorScreen*>("fraArpEditor")->setVisible(pattern);
+        bankScreen_->setVisible(model_.layout.parts.fraBank);
+        findChild<QWidget*>("lblScreensHint")->setVisible(!editing && !pattern && !model_.layout.parts.fraBank);
     }
+    bankScreen_->refresh(changes);
+    if (changes & kUndoMenuChanged) {
+        const UndoMenuItemState& undo = model_.bankView.undoItems[kMnuUndoBank];
+        action("mnuUndoBank")->setText(QString::fromStdString(undo.caption));
+        action("mnuUndoBank")->setEnabled(undo.enabled);
+    }
+    if (changes & (kBankViewChanged | kScreenChanged))
+        refreshSelectionTools();
     if (changes & (kNavigationChanged | kScreenChanged)) {
         for (const char* key : {"spst", "spsg", "flr", "fla", "fra"})
             action(QString("tlbMain_") + key)->setChecked(toolbarButtonDown(model_, key));
         action("mnuShowPatchSectionsTree")->setChecked(toolbarButtonDown(model_, "spst"));
         action("mnuShowPatchSectionsGroup")->setChecked(toolbarButtonDown(model_, "spsg"));
+    }
+}
+
+void frmMain::refreshSelectionTools()
+{
+    // The merge tools need exactly one patch selected in the bank on show.
+    const bool shown = model_.bankView.selectionToolsShown &&
+                       (model_.mode == kPatchBankA || model_.mode == kPatchBankB);
+    for (const char* name : {"tlbMain_bpg", "tlbMain_bps"})
+        action(name)->setVisible(shown);
+    for (const char* name : {"txtBankPatchSelGroup", "updBankPatchSelGroup", "txtBankPatchSelSS", "updBankPatchSelSS"}) {
+        QAction* holder = selectionTools_.at(name);
+        holder->setVisible(shown);
+        holder->setEnabled(shown);
     }
 }
 

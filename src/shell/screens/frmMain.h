@@ -14,6 +14,7 @@ class QToolBar;
 namespace quillon {
 
 class AppModel;
+class BankScreen;
 class ModelSignals;
 class QtHost;
 
@@ -43,6 +44,9 @@ private:
     void buildCentre();
     void wireCommands();
     void wireMidiCommands();
+    void wireBankCommands();
+    void addSelectionTools(const char* boxName, const char* spinName, int min, int max);
+    void refreshSelectionTools();
     void setCommand(const QString& name, std::function<void()> command);
     void refreshLabels();
     void refreshSendMenu();
@@ -57,6 +61,9 @@ private:
     std::map<int, QLabel*> loadedLabels_;  // by Kind
     QLabel* status_ = nullptr;
     QLabel* message_ = nullptr;
+    BankScreen* bankScreen_ = nullptr;
+    // The toolbar's places of the controls beside the merge tools.
+    std::map<std::string, QAction*> selectionTools_;
 };
 
 }  // namespace quillon

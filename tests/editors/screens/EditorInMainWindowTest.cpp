@@ -42,7 +42,7 @@ struct EditorWindow {
     }
 };
 
-TEST(EditorInMainWindow, PatchScreenStandsInPlaceOfTheHintAndBankScreensKeepTheHint)
+TEST(EditorInMainWindow, PatchScreenStandsInPlaceOfTheHintAndTheBankGridInPlaceOfThePatchScreen)
 {
     EditorWindow t;
     ASSERT_EQ(t.model.mode, 1);
@@ -50,7 +50,8 @@ TEST(EditorInMainWindow, PatchScreenStandsInPlaceOfTheHintAndBankScreensKeepTheH
     EXPECT_FALSE(t.control("lblScreensHint")->isVisible());
     setUpScreen(t.model, 2);
     EXPECT_FALSE(t.control("fraEditor")->isVisible());
-    EXPECT_TRUE(t.control("lblScreensHint")->isVisible());
+    EXPECT_FALSE(t.control("lblScreensHint")->isVisible());
+    EXPECT_TRUE(t.control("fraBank")->isVisible());
     setUpScreen(t.model, 4);
     EXPECT_TRUE(t.control("fraEditor")->isVisible());
     EXPECT_TRUE(t.control("fraMultiSelect")->isVisible());
