@@ -1,7 +1,11 @@
 #include "shell/screens/frmMain.h"
 
+#include "banks/BankExchange.h"
 #include "banks/BankFind.h"
+#include "banks/BankMenus.h"
 #include "banks/BankProperties.h"
+#include "banks/BankReorder.h"
+#include "banks/BankSort.h"
 #include "banks/BankUndo.h"
 #include "banks/BankView.h"
 #include "banks/PutInBank.h"
@@ -297,6 +301,29 @@ void frmMain::wireBankCommands()
     bankScreen_->setCommand("mnuProperties", [&m, element1] { showBankPatchProperties(m, element1()); });
     bankScreen_->setCommand("mnuSelectAll", [&m] { mnuSelectAll(m); });
     bankScreen_->setCommand("mnuDeselectAll", [&m] { mnuDeselectAll(m); });
+    wireReorderCommands();
+}
+
+void frmMain::wireReorderCommands()
+{
+    AppModel& m = model_;
+    setCommand("mnuSwapBanks", [&m] { swapBanks(m); });
+    for (int key = 1; key <= 10; ++key)
+        setCommand(QString("mnuSortBankArray_%1").arg(key - 1), [&m, key] { mnuSortBankArray(m, key); });
+    for (const char* popup : {"1", "2"}) {
+        bankScreen_->setCommand(QString("mnuSwapFirst") + popup, [&m] { swapSelection(m, 1); });
+        bankScreen_->setCommand(QString("mnuSwapLast") + popup, [&m] { swapSelection(m, 2); });
+        bankScreen_->setCommand(QString("mnuInsertFirst") + popup, [&m] { insertSelection(m, 1); });
+        bankScreen_->setCommand(QString("mnuInsertLast") + popup, [&m] { insertSelection(m, 2); });
+    }
+    bankScreen_->setCommand("mnuExportImport1", [&m] { mnuExportImport1(m); });
+    bankScreen_->setCommand("mnuExportImport2", [&m] { mnuExportImport2(m); });
+    bankScreen_->setCommand("mnuRotatePlusPlus", [&m] { rotateSelection(m, 2); });
+    bankScreen_->setCommand("mnuRotatePlus", [&m] { rotateSelection(m, 1); });
+    bankScreen_->setCommand("mnuRotateMinus", [&m] { rotateSelection(m, -1); });
+    bankScreen_->setCommand("mnuRotateMinusMinus", [&m] { rotateSelection(m, -2); });
+    for (int key = 1; key <= 10; ++key)
+        bankScreen_->setCommand(QString("mnuSortArray_%1").arg(key), [&m, key] { sortSelection(m, key); });
 }
 
 void frmMain::wireMidiCommands()

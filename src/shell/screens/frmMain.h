@@ -45,6 +45,7 @@ private:
     void wireCommands();
     void wireMidiCommands();
     void wireBankCommands();
+    void wireReorderCommands();
     void addSelectionTools(const char* boxName, const char* spinName, int min, int max);
     void refreshSelectionTools();
     void setCommand(const QString& name, std::function<void()> command);

@@ -166,6 +166,42 @@ TEST(BankScreen, RightClickOnASelectionOpensTheSelectionMenuWhoseDeselectAllClea
     EXPECT_TRUE(w.selected().empty());
 }
 
+TEST(BankScreen, APopupReorderItemRunsAndTheBankMenusUndoTakesItBack)
+{
+    BankWindow w;
+    w.click(2);
+    w.click(40);
+    w.click(40, {}, Qt::RightButton);
+    clickItem(w.window.findChild<QMenu*>("mnuPopup2"), "mnuInsertFirst2");
+    EXPECT_EQ(w.label(0)->text().trimmed().toStdString(), "Pad 002");
+    EXPECT_EQ(w.label(1)->text().trimmed().toStdString(), "Soft Bell");
+    QAction* undo = w.window.action("mnuUndoBank");
+    EXPECT_TRUE(undo->isEnabled());
+    EXPECT_EQ(undo->text().toStdString(), "Undo A Insert First");
+    undo->trigger();
+    EXPECT_EQ(w.label(0)->text().trimmed().toStdString(), "Pad 000");
+    EXPECT_EQ(w.label(40)->text().trimmed().toStdString(), "Soft Bell");
+    EXPECT_FALSE(undo->isEnabled());
+}
+
+TEST(BankScreen, OnePatchSelectedShowsTheMergeTools)
+{
+    BankWindow w;
+    QWidget* group = w.window.findChild<QWidget*>("txtBankPatchSelGroup");
+    EXPECT_FALSE(group->isVisible());
+    // Wide enough for the whole toolbar.
+    w.window.resize(1600, 800);
+    w.click(9);
+    EXPECT_TRUE(w.model.bankView.selectionToolsShown);
+    QApplication::processEvents();
+    EXPECT_TRUE(group->isVisible());
+    EXPECT_TRUE(w.window.findChild<QWidget*>("updBankPatchSelSS")->isVisible());
+    w.click(10);
+    QApplication::processEvents();
+    EXPECT_FALSE(w.model.bankView.selectionToolsShown);
+    EXPECT_FALSE(group->isVisible());
+}
+
 TEST(BankScreen, PutInPatchEditorFromThePopupTakesThePatch)
 {
     BankWindow w;
