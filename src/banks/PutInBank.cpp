@@ -80,7 +80,8 @@ void putPatchInBank(AppModel& model, int combined)
     model.banks.writeBankPatch(bank, place, image);
     fraBankSetUp(model);
     fraBankLabelsSetUp(model, bank, 0);
-    host.setStatus(nameOf(image) + " has replaced " + letter(bankB) + formatNumber(place, "000") + " " + oldName +
+    host.setStatus(nameOf(image) + (bankB ? " has replaced B" : " has replaced A") + formatNumber(place, "000") + " " +
+                       oldName +
                        " in loaded Bank " + letter(bankB),
                    StatusColour::Done);
     host.setMessage("");
@@ -124,7 +125,8 @@ void putMultiInBank(AppModel& model, int combined)
     const std::string oldName = trimmedRight(model.banks.bankMultiName(bank, place));
     const ByteImage& image = packItem(model, kMultiset);
     model.banks.writeBankMulti(bank, place, image);
-    host.setStatus(nameOf(image) + " has replaced " + letter(bankB) + formatNumber(place, "00") + " " + oldName +
+    host.setStatus(nameOf(image) + (bankB ? " has replaced B" : " has replaced A") + formatNumber(place, "00") + " " +
+                       oldName +
                        " in loaded multibank " + letter(bankB),
                    StatusColour::Done);
     host.setMessage("");

@@ -2,7 +2,7 @@
 // program started as a user starts it, with a file opened if one is given,
 // and the main window or one of its forms drawn into a PNG file.
 //
-// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope|mod|pattern|request|midi|received] [FILE.syx]
+// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope|mod|pattern|bank|request|midi|received] [FILE.syx]
 //
 // "patch" shows the patch screen with OSC1 in the left frame and its
 // setting rows in the right one; "envelope" shows EG1 with its graph;
@@ -12,7 +12,9 @@
 // once bank A has been requested and has arrived, "pattern" the pattern
 // screen once the ArpBank has arrived and a pattern has been taken from it.
 
+#include "banks/BankMouse.h"
 #include "editors/ArpCommands.h"
+#include "editors/ItemStatus.h"
 #include "editors/Navigation.h"
 #include "editors/screens/frmMod.h"
 #include "files/MiscDialog.h"
@@ -22,6 +24,7 @@
 #include "midi/ReceiveEngine.h"
 #include "midi/screens/MidiConnection.h"
 #include "midi/screens/frmRequest.h"
+#include "model/Kind.h"
 #include "model/ParamTables.h"
 #include "model/screens/frmParam.h"
 #include "shell/AppModel.h"
@@ -79,7 +82,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     if (argc < 2) {
         std::fprintf(stderr, "usage: quillon_screenshot OUT.png [--form "
-                             "main|settings|help|params|about|patch|envelope|mod|pattern|request|midi|received] [FILE.syx]\n");
+                             "main|settings|help|params|about|patch|envelope|mod|pattern|bank|request|midi|received] [FILE.syx]\n");
         return 2;
     }
     std::string form = "main";
@@ -107,13 +110,21 @@ int main(int argc, char** argv)
         // OSC1 Setting first, then OSC1: the setting moves to the right frame.
         quillon::clickTreeNode(model, "SS13");
         quillon::clickTreeNode(model, sectionKeyOf(kOsc1Type));
-    } else if (form == "received" || form == "pattern") {
+    } else if (form == "received" || form == "pattern" || form == "bank") {
         quillon::doSendRequest(model, form == "pattern" ? kArpBankRequest : 1);
         const QDeadlineTimer deadline(10000);
         while (model.midi.requestPending != 0 && !deadline.hasExpired())
             QApplication::processEvents(QEventLoop::AllEvents, 50);
         if (form == "pattern")
             quillon::clickArpeggioList(model, kShownPattern);
+        if (form == "bank") {
+            // Bank A on show with a selection: a run made by SHIFT and one more.
+            quillon::clickLoadedLabel(model, quillon::kPatchBankA, false);
+            for (const auto& [patch, shift] : {std::pair{9, 0}, std::pair{13, quillon::kShiftKey}, std::pair{42, 0}}) {
+                quillon::bankLabelMouseDown(model, patch, quillon::kLeftButton, shift);
+                quillon::bankLabelClick(model, patch);
+            }
+        }
     } else if (form == "envelope") {
         model.settings.graphicEnvelope = true;
         quillon::clickTreeNode(model, "S2");  // EG1

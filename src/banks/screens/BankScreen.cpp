@@ -57,8 +57,9 @@ std::vector<PopupItem> popup1Items()
                                  {"mnuPutInEditor", "Put in Patch Editor"}, {"", ""},
                                  {"mnuCopyAllExcept", "Copy All except.."}, {"", ""},
                                  {"mnuCopyAllXCSS", "Copy All ex CSS"}, {"mnuCopyCSS", "Copy CSS"}, {"", ""}};
-    for (const char* part : {"Comm", "EG", "LFO", "OSC", "Mix", "Filt", "Amp", "FX", "Ctrls"})
-        items.push_back({"mnuCopyArray", std::string("Copy ") + part});
+    for (const char* caption : {"Copy Comm", "Copy EG", "Copy LFO", "Copy OSC", "Copy Mix", "Copy Filt", "Copy Amp",
+                                "Copy FX", "Copy Ctrls"})
+        items.push_back({"mnuCopyArray", caption});
     items.insert(items.end(), {{"", ""},
                                {"mnuInsertFirst1", kInsertFirstCaption},
                                {"mnuInsertLast1", kInsertLastCaption},
@@ -206,7 +207,6 @@ void BankScreen::placeLabels()
     const double labelHeight = kLabelHeight * sy;
     const double labelWidth = kLabelWidth * sx;
     font.setPixelSize(std::max(8, static_cast<int>(std::min(labelHeight * 0.55, labelWidth / 9.5))));
-    setFont(font);
     for (int i = 0; i < kBankLabels; ++i) {
         const int column = i % kColumns;
         const int row = i / kColumns;
@@ -214,7 +214,12 @@ void BankScreen::placeLabels()
         const int top = static_cast<int>(std::lround((kTop + row * kLabelHeight) * sy));
         const int right = static_cast<int>(std::lround((kLeft + (column + 1) * kLabelWidth) * sx));
         const int bottom = static_cast<int>(std::lround((kTop + (row + 1) * kLabelHeight) * sy));
-        labels_[static_cast<std::size_t>(i)]->setGeometry(left, top, right - left - 1, bottom - top - 1);
+        ClickLabel* label = labels_[static_cast<std::size_t>(i)];
+        label->setGeometry(left, top, right - left - 1, bottom - top - 1);
+        // Each label's own: a label with a style sheet does not follow its
+        // parent's font.
+        if (label->font() != font)
+            label->setFont(font);
     }
 }
 
