@@ -2,6 +2,7 @@
 // without the instrument and for the tests that run Quillon over a real
 // MIDI stack.
 
+#include "files/AtomicFile.h"
 #include "midi/backends/EventPump.h"
 #include "midi/backends/RtMidiInputPort.h"
 #include "midi/backends/RtMidiOutputPort.h"
@@ -190,12 +191,11 @@ public:
 
     bool load(const std::string& path)
     {
-        std::ifstream file(path, std::ios::binary);
-        if (!file) {
+        std::vector<std::uint8_t> bytes;
+        if (!readWholeFile(path, bytes)) {
             std::cerr << "z1sim: cannot read " << path << '\n';
             return false;
         }
-        const std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), {}};
         int taken = 0;
         for (const auto& message : splitSysExMessages(bytes)) {
             if (z1_.load(message)) {

@@ -1,5 +1,6 @@
 #include "files/AtomicFile.h"
 
+#include <exception>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -69,28 +70,63 @@ bool writeLinesAtomically(const std::filesystem::path& path, const std::vector<s
     return writeFileAtomically(path, std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()));
 }
 
+bool isReadableFile(const std::filesystem::path& path)
+{
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error) || error)
+        return false;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    return !error && size <= kLargestReadableFile;
+}
+
 bool readWholeFile(const std::filesystem::path& path, std::vector<std::uint8_t>& bytes)
 {
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
+    if (!isReadableFile(path))
         return false;
-    bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    return !in.bad();
+    try {
+        std::ifstream in(path, std::ios::binary);
+        if (!in)
+            return false;
+        // A file that grew since it was looked at is cut at the limit and
+        // refused, rather than read without end.
+        std::vector<std::uint8_t> read(kLargestReadableFile + 1);
+        in.read(reinterpret_cast<char*>(read.data()), static_cast<std::streamsize>(read.size()));
+        if (in.bad())
+            return false;
+        const auto count = static_cast<std::size_t>(in.gcount());
+        if (count > kLargestReadableFile)
+            return false;
+        read.resize(count);
+        bytes = std::move(read);
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
 }
 
 bool readLines(const std::filesystem::path& path, std::vector<std::string>& lines)
 {
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
+    std::vector<std::uint8_t> bytes;
+    if (!readWholeFile(path, bytes))
         return false;
     lines.clear();
     std::string line;
-    while (std::getline(in, line)) {
-        if (!line.empty() && line.back() == '\r')
-            line.pop_back();
-        lines.push_back(line);
+    for (const std::uint8_t byte : bytes) {
+        if (byte == '\n') {
+            if (!line.empty() && line.back() == '\r')
+                line.pop_back();
+            lines.push_back(std::move(line));
+            line.clear();
+        } else {
+            line += static_cast<char>(byte);
+        }
     }
-    return !in.bad();
+    if (!line.empty()) {
+        if (line.back() == '\r')
+            line.pop_back();
+        lines.push_back(std::move(line));
+    }
+    return true;
 }
 
 }  // namespace quillon

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 
 namespace quillon {
 namespace {
@@ -92,6 +94,22 @@ TEST(CliInfo, PatchWithTooManyStrayBytesIsNotFound)
 TEST(CliInfo, UnreadableFileIsExit2)
 {
     EXPECT_EQ(run(runInfo, {"/nonexistent/x.syx"}).exitCode, kExitUsage);
+}
+
+TEST(CliInfo, FolderPipeAndEndlessDeviceCannotBeReadAndTheRestGoesOn)
+{
+    TempFolder folder;
+    std::filesystem::create_directory(folder / "dir.syx");
+    const std::string pipe = (folder / "pipe.syx").string();
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const std::string dir = (folder / "dir.syx").string();
+    const auto good = write(folder, "b.syx", bankFile(kPatchBankA));
+
+    const CliRun r = run(runInfo, {dir, pipe, "/dev/zero", good});
+
+    EXPECT_EQ(r.exitCode, kExitUsage);
+    EXPECT_EQ(r.err, "cannot read " + dir + "\ncannot read " + pipe + "\ncannot read /dev/zero\n");
+    EXPECT_TRUE(r.out.starts_with(good + "\t84270\tbank\tfound\n")) << r.out;
 }
 
 TEST(CliList, BankListHas130Lines)

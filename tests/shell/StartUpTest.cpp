@@ -18,6 +18,20 @@ TEST(StartUp, MissingSettingsFileIsRestoredAndStartUpGoesOn)
     EXPECT_TRUE(t.model.flags.loaded[kPatch]);
 }
 
+TEST(StartUp, AFolderInPlaceOfQuillonpeDatShowsItsBoxAndStartUpGoesOn)
+{
+    TestModel t;
+    std::filesystem::create_directory(t.folder / kPeFile);
+    t.host.expectMessage("Problem reading user settings", Answer::Ok,
+                         "Please check that Quillonpe.dat is in Quillon directory");
+
+    EXPECT_TRUE(doFormLoadMain(t.model));
+
+    EXPECT_TRUE(t.host.allShown());
+    EXPECT_TRUE(t.model.flags.loaded[kPatch]) << "start-up went on to the default items";
+    EXPECT_TRUE(t.model.flags.loaded[kPattern]);
+}
+
 TEST(StartUp, LeavesTheThreeDefaultItemsLoadedUnchangedAndCleanWithThePatchShowing)
 {
     TestModel t;
