@@ -2,6 +2,7 @@
 
 #include "files/AtomicFile.h"
 #include "files/DataFolder.h"
+#include "files/FactoryFiles.h"
 #include "model/ParamTables.h"
 #include "shell/AppModel.h"
 
@@ -280,21 +281,23 @@ void takeFindLines(const std::vector<std::string>& lines, FindSettings& find)
 
 // Decodes the 50 lines in their fixed order; a line of the wrong length or
 // with a value the settings cannot hold ends it, and what came before stands.
-bool decodeSystemSettings(Host& host, const std::vector<std::string>& lines, SystemSettings& s)
+bool decodeSystemSettings(Host* host, const std::vector<std::string>& lines, SystemSettings& s)
 {
     const auto text = [&lines](int line) -> const std::string& { return lines[static_cast<std::size_t>(line - 1)]; };
     const auto takeLine = [&](int line) {
         const LineRule& rule = ruleFor(line);
         const int found = static_cast<int>(text(line).size());
         if (found != rule.length) {
-            host.showMessage({"Quillon",
+            if (host != nullptr)
+                host->showMessage({"Quillon",
                               "Error reading user settings. Line " + std::to_string(line) + " " +
                                   std::to_string(found) + " [" + std::to_string(rule.length) + "]",
                               MessageIcon::Exclamation});
             return false;
         }
         if (!rule.take(text(line), s)) {
-            showReadingProblem(host);
+            if (host != nullptr)
+                showReadingProblem(*host);
             return false;
         }
         return true;
@@ -335,7 +338,18 @@ bool readSystemSettings(AppModel& model)
         return false;
     }
     lines.resize(kSystemSettingsLines);
-    return decodeSystemSettings(model.host(), lines, model.settings);
+    // What a bad line stops short of comes from the factory file, so that
+    // the next exit does not write devices 0, velocity 0 and every box off.
+    SystemSettings settings = model.settings;
+    decodeSystemSettings(nullptr, systemSettingsLines(factorySystemSettings()), settings);
+    std::vector<std::string> factory;
+    if (readLines(folder / kSystemSettingsBackup, factory)) {
+        factory.resize(kSystemSettingsLines);
+        decodeSystemSettings(nullptr, factory, settings);
+    }
+    const bool whole = decodeSystemSettings(&model.host(), lines, settings);
+    model.settings = settings;
+    return whole;
 }
 
 bool saveSystemSettings(AppModel& model)

@@ -5,6 +5,7 @@
 #include "model/Kind.h"
 #include "shell/AppModel.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <limits>
@@ -35,24 +36,34 @@ bool parseValue(const std::string& line, std::int16_t& value)
     return true;
 }
 
-// Reads the user file of a Kind into its User buffer, all or nothing.
+// Reads the user file of a Kind into its User buffer, value by value. A
+// line that is no number, or a file that ends early, stops the reading with
+// the box; the values read before it are kept and the rest stay as they were.
 bool readUserFile(AppModel& model, int kind, const std::string& fileName, const std::string& backupName)
 {
     const std::filesystem::path folder = model.dataFolder();
     const int count = paramCount(kind);
     std::vector<std::string> lines;
-    ParamValues values(static_cast<std::size_t>(count) + 1, 0);
-    bool read = restoreFromBackup(folder, fileName, backupName) && readLines(folder / fileName, lines) &&
-                static_cast<int>(lines.size()) >= count;
-    for (int p = 1; read && p <= count; ++p)
-        read = parseValue(lines[static_cast<std::size_t>(p - 1)], values[static_cast<std::size_t>(p)]);
+    ParamValues values = model.buffers.of(kind).user;
+    values.resize(static_cast<std::size_t>(count) + 1, 0);
+    bool read = restoreFromBackup(folder, fileName, backupName) && readLines(folder / fileName, lines);
+    const int available = read ? std::min(count, static_cast<int>(lines.size())) : 0;
+    int p = 1;
+    for (; read && p <= available; ++p) {
+        std::int16_t value = 0;
+        read = parseValue(lines[static_cast<std::size_t>(p - 1)], value);
+        if (read)
+            values[static_cast<std::size_t>(p)] = value;
+    }
+    read = read && available == count;
+    if (p > 1)
+        model.buffers.of(kind).user = std::move(values);
     if (!read) {
         model.host().showMessage({"Problem reading user settings",
                                   "Please check that file " + fileName + " is in Quillon directory",
                                   MessageIcon::Exclamation});
         return false;
     }
-    model.buffers.of(kind).user = std::move(values);
     return true;
 }
 

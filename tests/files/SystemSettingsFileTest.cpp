@@ -124,17 +124,50 @@ TEST(SystemSettingsFile, Line15Of22CharactersStopsTheReadingThere)
 
     EXPECT_FALSE(readSystemSettings(t.model));
 
-    const SystemSettings fresh;
+    const SystemSettings factory = factorySystemSettings();
     const SystemSettings wanted = everySettingChanged();
     // What came before line 15 stands...
     EXPECT_EQ(t.model.settings.favourites, wanted.favourites);
     EXPECT_EQ(t.model.settings.prefixes, wanted.prefixes);
     EXPECT_EQ(t.model.settings.userFileNumber, 5);
-    // ...and nothing from line 15 on is taken.
-    EXPECT_EQ(t.model.settings.random, fresh.random);
-    EXPECT_EQ(t.model.settings.spread, fresh.spread);
-    EXPECT_EQ(t.model.settings.outputChannel, fresh.outputChannel);
-    EXPECT_EQ(t.model.settings.recentFilesMax, fresh.recentFilesMax);
+    // ...and nothing from line 15 on is taken: with no factory file beside
+    // it, the factory values the program ships stand there.
+    EXPECT_EQ(t.model.settings.random, factory.random);
+    EXPECT_EQ(t.model.settings.spread, factory.spread);
+    EXPECT_EQ(t.model.settings.outputChannel, factory.outputChannel);
+    EXPECT_EQ(t.model.settings.recentFilesMax, factory.recentFilesMax);
+}
+
+TEST(SystemSettingsFile, ABadLineTakesTheSettingsAfterItFromTheFactoryFile)
+{
+    TestModel t;
+    SystemSettings backup = factorySystemSettings();
+    backup.outputDevice = 3;
+    backup.inputDevice = 2;
+    backup.toneVelocity = 77;
+    backup.random.eg = {true, false, true, true};
+    backup.spread.varOSC = 42;
+    backup.recentFilesMax = 7;
+    writeSettingsFile(t.folder / kSystemSettingsBackup, systemSettingsLines(backup));
+    std::vector<std::string> lines = goodLines();
+    lines[14].pop_back();
+    writeSettingsFile(t.folder / kSystemSettingsFile, lines);
+    t.host.expectMessage("Quillon", Answer::Ok, "Error reading user settings. Line 15 22 [23]");
+
+    EXPECT_FALSE(readSystemSettings(t.model));
+
+    EXPECT_EQ(t.model.settings.userFileNumber, 5) << "read before the bad line";
+    EXPECT_EQ(t.model.settings.prefixes, everySettingChanged().prefixes);
+    EXPECT_EQ(t.model.settings.outputDevice, 3);
+    EXPECT_EQ(t.model.settings.inputDevice, 2);
+    EXPECT_EQ(t.model.settings.toneVelocity, 77);
+    EXPECT_EQ(t.model.settings.random.eg, backup.random.eg);
+    EXPECT_EQ(t.model.settings.spread.varOSC, 42);
+    EXPECT_EQ(t.model.settings.recentFilesMax, 7);
+    // So the next exit writes the factory file's values, not zeros.
+    const std::vector<std::string> written = systemSettingsLines(t.model.settings);
+    EXPECT_EQ(written[19], systemSettingsLines(backup)[19]);
+    EXPECT_EQ(written[14], systemSettingsLines(backup)[14]);
 }
 
 TEST(SystemSettingsFile, Line22OfTheWrongLengthGivesTheDefaultsAndNoMessage)
@@ -260,7 +293,7 @@ TEST(SystemSettingsFile, WrongLengthOfTheFirstLineTakesNothing)
     t.host.expectMessage("Quillon", Answer::Ok, "Error reading user settings. Line 1 14 [13]");
 
     EXPECT_FALSE(readSystemSettings(t.model));
-    EXPECT_EQ(t.model.settings, SystemSettings{});
+    EXPECT_EQ(t.model.settings, factorySystemSettings());
 }
 
 TEST(SystemSettingsFile, WrongLengthOfTheLastLineKeepsEverythingBefore)
@@ -274,7 +307,7 @@ TEST(SystemSettingsFile, WrongLengthOfTheLastLineKeepsEverythingBefore)
     EXPECT_FALSE(readSystemSettings(t.model));
     EXPECT_EQ(t.model.settings.soundShow, everySettingChanged().soundShow);
     EXPECT_TRUE(t.model.settings.modulationShow);
-    EXPECT_EQ(t.model.settings.recentFilesMax, SystemSettings{}.recentFilesMax);
+    EXPECT_EQ(t.model.settings.recentFilesMax, factorySystemSettings().recentFilesMax);
 }
 
 TEST(SystemSettingsFile, AUserFileNumberBeyondFiveIsAReadingProblem)

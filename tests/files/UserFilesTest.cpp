@@ -166,17 +166,26 @@ TEST(UserFiles, UnreadableMultiBackupShowsTheBox)
     EXPECT_EQ(t.model.buffers.of(kMultiset).user, paramTables().multiDefaults);
 }
 
-TEST(UserFiles, AValueThatIsNoNumberLeavesTheUserBufferAsItWas)
+TEST(UserFiles, AValueThatIsNoNumberKeepsTheValuesReadBeforeIt)
 {
     TestModel t;
-    std::vector<std::string> lines = valueLines(markedPatchValues());
+    ParamValues marked = markedPatchValues();
+    for (std::size_t p = 1; p < marked.size(); ++p)
+        marked[p] = static_cast<std::int16_t>(paramTables().patchDefaults[p] + 1);
+    std::vector<std::string> lines = valueLines(marked);
     lines[500] = "twelve";
     ASSERT_TRUE(writeLinesAtomically(t.folder / "Quillonusr0.dat", lines));
     t.host.expectMessage("Problem reading user settings", Answer::Ok,
                          "Please check that file Quillonusr0.dat is in Quillon directory");
 
     EXPECT_FALSE(readUserPatchFile(t.model, 0));
-    EXPECT_EQ(t.model.buffers.of(kPatch).user, paramTables().patchDefaults);
+    const ParamValues& user = t.model.buffers.of(kPatch).user;
+    const ParamValues& defaults = paramTables().patchDefaults;
+    ASSERT_EQ(user.size(), defaults.size());
+    for (std::size_t p = 1; p <= 500; ++p)
+        ASSERT_EQ(user[p], marked[p]) << "parameter " << p << " was read before the bad line";
+    for (std::size_t p = 501; p < user.size(); ++p)
+        ASSERT_EQ(user[p], defaults[p]) << "parameter " << p << " stays as it was";
 }
 
 TEST(UserFiles, AShortFileIsAReadingProblem)
