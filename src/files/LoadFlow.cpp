@@ -189,7 +189,11 @@ void doSaveFirstPrompt(AppModel& model, int kind, int context)
     request.icon = MessageIcon::Question;
     request.buttons = MessageButtons::YesNoCancel;
     switch (model.host().showMessage(request)) {
-    case Answer::Yes: saveKind(model, kind, 2); break;
+    case Answer::Yes:
+        // A save that is cancelled or fails keeps the edits, as Cancel does.
+        if (!saveKind(model, kind, 2))
+            model.saveCancelled = true;
+        break;
     case Answer::No:
         model.flags.changed[kind] = false;
         model.changed(kLabelsChanged);

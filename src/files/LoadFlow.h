@@ -28,7 +28,8 @@ void takeSingleItem(AppModel& model, int kind);
 
 // "Save ... first?" with Yes, No and Cancel. Context 0 gives the New title of
 // the Kind, 1 "Exit Quillon". Yes saves with a dialog, No clears the changed
-// flag, Cancel sets saveCancelled.
+// flag, Cancel sets saveCancelled; so does a Yes whose save is cancelled or
+// fails, so that the edits are not replaced unsaved.
 void doSaveFirstPrompt(AppModel& model, int kind, int context);
 
 }  // namespace quillon

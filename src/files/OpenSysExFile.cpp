@@ -18,10 +18,9 @@ namespace {
 constexpr const char* kOpenTitle = "Open Z1 SysEx file";
 constexpr int kLoadHelpContext = 65;
 
-// The failure flags of the loaders, one for each family. The multi bank and
-// arpeggiator bank loaders set their own, but opening a file has always
-// tested the bank flag after them: a failed load of either still shows the
-// bank as it stood and still enters the file in the recent list.
+// The failure flags of the loaders, one for each family. Each family is
+// judged by its own flag: a failed load replaces nothing, marks nothing
+// loaded or clean, and does not enter the recent list.
 struct LoadFailureFlags {
     bool single = false;
     bool bank = false;
@@ -143,18 +142,19 @@ void doOpenSysExFile(AppModel& model, int recentIndex, const OpenFileSurrounding
         }
         break;
     case kSysExMultiBank:
-    case kSysExArpBank: {
-        failed.bank = false;
-        if (band == kSysExMultiBank)
-            failed.multiBank = !doLoadMultiBankFile(model, path, size);
-        else
-            failed.arpBank = !doLoadArpBankFile(model, path, size);
-        if (!failed.bank) {
-            doPostLoad(model, band == kSysExMultiBank ? model.multiBankTarget : kArpBank);
+        failed.multiBank = !doLoadMultiBankFile(model, path, size);
+        if (!failed.multiBank) {
+            doPostLoad(model, model.multiBankTarget);
             enterRecent(model, path);
         }
         break;
-    }
+    case kSysExArpBank:
+        failed.arpBank = !doLoadArpBankFile(model, path, size);
+        if (!failed.arpBank) {
+            doPostLoad(model, kArpBank);
+            enterRecent(model, path);
+        }
+        break;
     case kSysExPatch:
     case kSysExSingleMulti:
     case kSysExSinglePattern: {

@@ -1,6 +1,7 @@
 #include "files/SysExFileRecognition.h"
 
 #include "sysex/HexText.h"
+#include "sysex/MessageCatalogue.h"
 #include "sysex/SysExBytes.h"
 #include "sysex/SysExClassifier.h"
 
@@ -190,6 +191,32 @@ MessageSearch walkWrappedFile(std::span<const std::uint8_t> file, std::span<cons
     return result;
 }
 
+namespace {
+
+// The instrument, and other librarians, write Global and MIDI as two
+// messages of 483 bytes, Global first: together they are the 966 bytes of
+// the dump, whichever of the two forms of file holds them.
+MessageSearch findGlobalThenMidi(std::span<const std::uint8_t> file)
+{
+    constexpr std::size_t kHalf = 483;
+    const std::vector<SysExMessage> messages = splitSysExMessages(file);
+    for (std::size_t i = 0; i + 1 < messages.size(); ++i) {
+        const SysExMessage& global = messages[i];
+        const SysExMessage& midi = messages[i + 1];
+        if (global.size() != kHalf || midi.size() != kHalf || globalOrMidiName(global) != "Global" ||
+            globalOrMidiName(midi) != "MIDI")
+            continue;
+        MessageSearch found;
+        found.result = SearchResult::Found;
+        found.message = global;
+        found.message.insert(found.message.end(), midi.begin(), midi.end());
+        return found;
+    }
+    return {};
+}
+
+}  // namespace
+
 MessageSearch findMessageInFile(std::span<const std::uint8_t> file, int band)
 {
     const std::vector<int> accepted = acceptedLengths(band);
@@ -198,6 +225,13 @@ MessageSearch findMessageInFile(std::span<const std::uint8_t> file, int band)
         MessageSearch found = scanForMessage(inBuffer, accepted);
         if (found.result == SearchResult::NotFound)
             found = walkWrappedFile(file, accepted, kMiscBufferBytes);
+        if (found.result != SearchResult::Found && band == kSysExGlobalAndMidi) {
+            // A plain file of the two messages is no wrapped file: its walk
+            // fails, and the pair is what it holds.
+            MessageSearch pair = findGlobalThenMidi(inBuffer);
+            if (pair.result == SearchResult::Found)
+                return pair;
+        }
         return found;
     }
     const LoaderSearch* search = loaderSearchOf(band);

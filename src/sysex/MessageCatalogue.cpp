@@ -216,6 +216,11 @@ SysExMessage withChannel(std::span<const std::uint8_t> message, int channel)
     SysExMessage resent(message.begin(), message.end());
     if (resent.size() > static_cast<std::size_t>(kChannelIndex))
         resent[kChannelIndex] = channelByte(channel);
+    // A dump of two messages (Global then MIDI) has a channel byte in each.
+    const auto channelAt = static_cast<std::size_t>(kChannelIndex);
+    for (std::size_t at = 1; at + channelAt < resent.size(); ++at)
+        if (resent[at] == kSysExStart && resent[at + 1] == kKorgId)
+            resent[at + channelAt] = channelByte(channel);
     return resent;
 }
 

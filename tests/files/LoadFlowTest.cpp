@@ -104,6 +104,58 @@ TEST_F(LoadFlow, YesSavesWithTheDialogAndTheLoadGoesOn)
     EXPECT_EQ(model.itemName[kPatch], "Next");
 }
 
+TEST_F(LoadFlow, YesThenCancellingTheSaveDialogCancelsTheLoadAndKeepsTheEdits)
+{
+    loadPatchAndEdit();
+    const ParamValues edited = model.buffers.of(kPatch).current;
+    const std::string path = model.itemPath[kPatch];
+    expectBox("New Patch", Answer::Yes, "Save Loaded first?");
+    expectSaveDialog("Save Patch", std::nullopt);
+
+    open(put("next.syx", patchMessage(namedItemImage(model, kPatch, "Next"))));
+
+    EXPECT_TRUE(host.allShown());
+    EXPECT_TRUE(model.saveCancelled);
+    EXPECT_EQ(model.buffers.of(kPatch).current, edited);
+    EXPECT_EQ(model.itemName[kPatch], "Loaded");
+    EXPECT_EQ(model.itemPath[kPatch], path);
+    EXPECT_TRUE(model.flags.changed[kPatch]);
+    EXPECT_EQ(model.recentFiles[1], path) << "the file not loaded stays out of the list";
+}
+
+TEST_F(LoadFlow, YesThenAFailedSaveCancelsTheLoadAndKeepsTheEdits)
+{
+    loadPatchAndEdit();
+    const ParamValues edited = model.buffers.of(kPatch).current;
+    expectBox("New Patch", Answer::Yes);
+    expectSaveDialog("Save Patch", (t.folder / "no such folder" / "saved.syx").string());
+    expectBox("Save Patch");
+
+    open(put("next.syx", patchMessage(namedItemImage(model, kPatch, "Next"))));
+
+    EXPECT_TRUE(host.allShown());
+    EXPECT_TRUE(model.saveCancelled);
+    EXPECT_EQ(model.buffers.of(kPatch).current, edited);
+    EXPECT_EQ(model.itemName[kPatch], "Loaded");
+    EXPECT_TRUE(model.flags.changed[kPatch]);
+}
+
+TEST_F(LoadFlow, YesThenCancellingTheSaveKeepsABankWhileOpeningAnother)
+{
+    model.banks.image(kPatchBankA) = countingImage(73728);
+    model.flags.loaded[kPatchBankA] = true;
+    model.flags.changed[kPatchBankA] = true;
+    expectBox("New Bank", Answer::Yes, "Save current Bank A first?");
+    expectSaveDialog("Save Bank A", std::nullopt);
+
+    open(put("bank.syx", bankMessage(kPatchBankA, ByteImage(73728, 0x05))));
+
+    EXPECT_TRUE(host.allShown());
+    EXPECT_EQ(model.banks.image(kPatchBankA), countingImage(73728));
+    EXPECT_TRUE(model.flags.changed[kPatchBankA]);
+    EXPECT_TRUE(model.recentFiles[1].empty());
+}
+
 TEST_F(LoadFlow, PreLoadResetsTheLoadReportForSingleItemsOnly)
 {
     model.report.add("old correction");

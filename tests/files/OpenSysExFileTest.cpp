@@ -195,6 +195,45 @@ TEST_F(OpenSysExFile, GlobalOrMidiFileIsNamedByItsSubHeaderAndOfferedToSend)
     }
 }
 
+TEST_F(OpenSysExFile, GlobalThenMidiAsTwoMessagesIsGlobalAndMidi)
+{
+    SysExMessage bytes = globalOrMidiMessage(0);
+    const SysExMessage midi = globalOrMidiMessage(1);
+    bytes.insert(bytes.end(), midi.begin(), midi.end());
+    ASSERT_EQ(bytes.size(), 966u);
+    MiscDialogState shown;
+    int shows = 0;
+    surroundings.showMiscDialog = [&](AppModel&, MiscDialogState& state) {
+        shown = state;
+        ++shows;
+    };
+
+    open(put("globalmidi.syx", bytes));
+
+    EXPECT_TRUE(host.allShown());
+    EXPECT_EQ(shows, 1);
+    EXPECT_EQ(model.misc.name, "Global and MIDI");
+    EXPECT_EQ(model.misc.message, bytes);
+    EXPECT_EQ(shown.caption, "Global and MIDI");
+    EXPECT_EQ(shown.saveSendCaption, "Send Global and MIDI to Z1");
+    EXPECT_FALSE(shown.extractFrameVisible);
+}
+
+TEST_F(OpenSysExFile, MidiThenGlobalIsNoGlobalAndMidiFile)
+{
+    SysExMessage bytes = globalOrMidiMessage(1);
+    const SysExMessage global = globalOrMidiMessage(0);
+    bytes.insert(bytes.end(), global.begin(), global.end());
+    // Nor a wrapped file: the walk of the wrapped form fails.
+    expectBox("Loading Global and MIDI", Answer::Ok, "Problem loading file");
+    bool shown = false;
+    surroundings.showMiscDialog = [&](AppModel&, MiscDialogState&) { shown = true; };
+
+    open(put("midiglobal.syx", bytes));
+
+    EXPECT_FALSE(shown);
+}
+
 TEST_F(OpenSysExFile, AllDataFileOffersAllFiveBanks)
 {
     const auto bytes = allDataMessage(countingImage(160064));

@@ -2,6 +2,7 @@
 
 #include "files/AtomicFile.h"
 #include "files/LoadingFiles.h"
+#include "files/MiscDialog.h"
 #include "files/SysExFileRecognition.h"
 #include "model/Kind.h"
 #include "sysex/SysExClassifier.h"
@@ -350,8 +351,15 @@ TEST_F(SysExFileLoading, MultiBankFileGoesToTheBankItsMessageNames)
     EXPECT_EQ(model.labels.label(kMultiset).scheme, 9);
 }
 
-TEST_F(SysExFileLoading, FailedMultiBankLoadStillShowsTheBankAndEntersTheRecentList)
+TEST_F(SysExFileLoading, FailedMultiBankLoadReplacesNothingAndStaysOutOfTheRecentList)
 {
+    // Multi bank A edited since it came in.
+    const ByteImage edited = countingImage(3328);
+    model.packed[kMultiBankA] = DATAtoMIDI(kMultiBankA, ByteImage(3328, 0x22));
+    model.banks.image(kMultiBankA) = edited;
+    model.flags.loaded[kMultiBankA] = true;
+    model.flags.changed[kMultiBankA] = true;
+    model.flags.clean[kMultiBankA] = false;
     auto bytes = multiBankMessage(kMultiBankA, countingImage(3328));
     bytes[4] = 0x4C;
     const std::string path = put("multibank.syx", bytes);
@@ -360,12 +368,49 @@ TEST_F(SysExFileLoading, FailedMultiBankLoadStillShowsTheBankAndEntersTheRecentL
     open(path);
 
     checkLoadBoxes();
-    EXPECT_EQ(model.banks.image(kMultiBankA), ByteImage(3328, 0)) << "the data that was there before";
-    EXPECT_TRUE(model.flags.loaded[kMultiBankA]);
-    EXPECT_EQ(model.mode, kMultiset);
-    EXPECT_EQ(model.multiMode, 1);
-    EXPECT_EQ(model.recentFiles[1], path);
+    EXPECT_EQ(model.banks.image(kMultiBankA), edited) << "the bank in memory stays as it was";
+    EXPECT_TRUE(model.flags.changed[kMultiBankA]);
+    EXPECT_FALSE(model.flags.clean[kMultiBankA]);
+    EXPECT_TRUE(model.recentFiles[1].empty());
     EXPECT_TRUE(model.itemPath[kMultiBankA].empty());
+}
+
+TEST_F(SysExFileLoading, FailedMultiBankLoadDoesNotMarkAnEmptyBankLoaded)
+{
+    auto bytes = multiBankMessage(kMultiBankA, countingImage(3328));
+    bytes[4] = 0x4C;
+    expectLoadBox("Load multibank", "Problem loading multibank file");
+
+    open(put("multibank.syx", bytes));
+
+    checkLoadBoxes();
+    EXPECT_FALSE(model.flags.loaded[kMultiBankA]);
+    EXPECT_FALSE(model.flags.clean[kMultiBankA]);
+    EXPECT_TRUE(model.recentFiles[1].empty());
+}
+
+TEST_F(SysExFileLoading, FailedMultiBankLoadKeepsTheBankThatCameFromAnAllDataFile)
+{
+    // Multi bank A taken out of an All Data file in frmMisc.
+    surroundings.showMiscDialog = [](AppModel& m, MiscDialogState& state) {
+        state.typeTicked.fill(false);
+        state.typeTicked[2] = true;
+        misc::doProcessLoad(m, state);
+    };
+    open(put("all.syx", allDataMessage(countingImage(160064))));
+    surroundings.showMiscDialog = nullptr;
+    const ByteImage fromAllData = model.banks.image(kMultiBankA);
+    ASSERT_TRUE(model.flags.loaded[kMultiBankA]);
+    const std::string recent = model.recentFiles[1];
+    auto bytes = multiBankMessage(kMultiBankA, ByteImage(3328, 0x33));
+    bytes[4] = 0x4C;
+    expectLoadBox("Load multibank", "Problem loading multibank file");
+
+    open(put("multibank.syx", bytes));
+
+    checkLoadBoxes();
+    EXPECT_EQ(model.banks.image(kMultiBankA), fromAllData);
+    EXPECT_EQ(model.recentFiles[1], recent);
 }
 
 TEST_F(SysExFileLoading, ArpeggiatorBankLoads)
@@ -381,8 +426,13 @@ TEST_F(SysExFileLoading, ArpeggiatorBankLoads)
     EXPECT_EQ(model.recentFiles[1], path);
 }
 
-TEST_F(SysExFileLoading, FailedArpeggiatorBankLoadStillShowsTheBankAndEntersTheRecentList)
+TEST_F(SysExFileLoading, FailedArpeggiatorBankLoadReplacesNothingAndStaysOutOfTheRecentList)
 {
+    const ByteImage edited = countingImage(5120);
+    model.banks.image(kArpBank) = edited;
+    model.flags.loaded[kArpBank] = true;
+    model.flags.changed[kArpBank] = true;
+    model.flags.clean[kArpBank] = false;
     auto bytes = withStrayBytes(SysExMessage(100, 0x00), 0, 5800);
     const std::string path = put("noarp.syx", bytes);
     expectLoadBox("Load Arpeggiator", "Could not find arpeggiator data in file");
@@ -390,12 +440,13 @@ TEST_F(SysExFileLoading, FailedArpeggiatorBankLoadStillShowsTheBankAndEntersTheR
     open(path);
 
     checkLoadBoxes();
-    EXPECT_TRUE(model.flags.loaded[kArpBank]);
-    EXPECT_EQ(model.arpMode, 1);
-    EXPECT_EQ(model.recentFiles[1], path);
+    EXPECT_EQ(model.banks.image(kArpBank), edited);
+    EXPECT_TRUE(model.flags.changed[kArpBank]);
+    EXPECT_FALSE(model.flags.clean[kArpBank]);
+    EXPECT_TRUE(model.recentFiles[1].empty());
 }
 
-TEST_F(SysExFileLoading, MultiBankCancelAtTheSavePromptStillShowsTheOldBank)
+TEST_F(SysExFileLoading, MultiBankCancelAtTheSavePromptLeavesTheBankAsItWas)
 {
     const ByteImage old = countingImage(3328);
     model.packed[kMultiBankA] = DATAtoMIDI(kMultiBankA, old);
@@ -407,9 +458,9 @@ TEST_F(SysExFileLoading, MultiBankCancelAtTheSavePromptStillShowsTheOldBank)
     const std::string path = put("multiA.syx", multiBankMessage(kMultiBankA, ByteImage(3328, 0x22)));
     open(path);
 
-    EXPECT_EQ(model.banks.image(kMultiBankA), old) << "unpacked again from what was there before";
-    EXPECT_FALSE(model.flags.changed[kMultiBankA]);
-    EXPECT_EQ(model.recentFiles[1], path);
+    EXPECT_EQ(model.banks.image(kMultiBankA), ByteImage(3328, 0x01)) << "the edits stay";
+    EXPECT_TRUE(model.flags.changed[kMultiBankA]);
+    EXPECT_TRUE(model.recentFiles[1].empty());
 }
 
 TEST_F(SysExFileLoading, LoadersCanBeCalledAlone)

@@ -253,15 +253,30 @@ TEST(SysExFileRecognition, SeveralKindsLoaderWalksTheWrappedFormWhenTheScanFinds
     EXPECT_EQ(found.message, unframed);
 }
 
-TEST(SysExFileRecognition, GlobalAndMidiBackToBackIsNoSpanOf966)
+TEST(SysExFileRecognition, GlobalThenMidiBackToBackIsTheGlobalAndMidiDump)
 {
-    // Two messages of 483 back to back: the latest start is always that of
-    // the second, so the scan never sees a span of 966.
+    // Two messages of 483 back to back: the scan never sees a span of 966
+    // (the latest start is always that of the second), yet the pair is the
+    // dump, as the instrument writes it.
     auto file = globalOrMidiMessage(0);
     const auto midi = globalOrMidiMessage(1);
     file.insert(file.end(), midi.begin(), midi.end());
     ASSERT_EQ(recognizeFileSize(file.size()), kSysExGlobalAndMidi);
-    EXPECT_NE(findMessageInFile(file, kSysExGlobalAndMidi).result, SearchResult::Found);
+    const MessageSearch found = findMessageInFile(file, kSysExGlobalAndMidi);
+    EXPECT_EQ(found.result, SearchResult::Found);
+    EXPECT_EQ(found.message, file);
+}
+
+TEST(SysExFileRecognition, GlobalThenMidiInTheWrappedFormIsTheGlobalAndMidiDump)
+{
+    auto both = globalOrMidiMessage(0);
+    const auto midi = globalOrMidiMessage(1);
+    both.insert(both.end(), midi.begin(), midi.end());
+    const auto file = wrappedFile({globalOrMidiMessage(0), midi});
+    ASSERT_EQ(recognizeFileSize(file.size()), kSysExGlobalAndMidi);
+    const MessageSearch found = findMessageInFile(file, kSysExGlobalAndMidi);
+    EXPECT_EQ(found.result, SearchResult::Found);
+    EXPECT_EQ(found.message, both);
 }
 
 TEST(SysExFileRecognition, FilesOutsideTheirLoadersBandsFindNothing)
