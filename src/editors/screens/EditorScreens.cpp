@@ -336,7 +336,10 @@ void EditorScreens::moveSlider(QObject* source, const QPointF& position, bool le
     if (sliders_.sliderRow < 0 || !sliders_.active().visible)
         return;
     QSlider* slider = floating_[static_cast<std::size_t>(sliders_.sliderIndex)];
-    const QPointF onSlider = slider->mapFrom(static_cast<QWidget*>(source), position);
+    // The pointer may come from the link button, which holds the mouse while
+    // its button is down and is no parent of the slider: map through the
+    // screen.
+    const QPointF onSlider = slider->mapFromGlobal(static_cast<QWidget*>(source)->mapToGlobal(position));
     const int x = pixelsToTwips(onSlider.x(), screenScale(this));
     const int row = sliders_.sliderRow;
     editParamRow(model_, row, [this, x, leftDown](AppModel& m, ValueBox& b) {

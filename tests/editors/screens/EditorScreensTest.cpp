@@ -189,6 +189,49 @@ TEST(EditorScreens, SliderLinkPressShowsTheFloatingSliderAndMovingOverItSetsTheV
     EXPECT_FALSE(slider->isVisible());
 }
 
+TEST(EditorScreens, MovingOnePixelWithTheButtonHeldOnTheSliderLinkTakesTheValueFromTheSlider)
+{
+    PatchScreen t;
+    t.clickNode("SS13");
+    int r = -1;
+    for (int i = 0; i < kFrameRows && r < 0; ++i) {
+        const RowView& v = t.rowView(i);
+        if (v.visible && !v.hard && v.spinMax - v.spinMin >= 10)
+            r = i;
+    }
+    ASSERT_GE(r, 0);
+    auto* link = t.row<QToolButton>("cmdSliderLink", r);
+    auto* slider = t.control<QSlider>("sldFloating_1");
+    const QPoint pressed = link->rect().center();
+    QTest::mousePress(link, Qt::LeftButton, {}, pressed);
+    ASSERT_TRUE(slider->isVisible());
+
+    // The link button holds the mouse: the move reaches it, one pixel on,
+    // with the left button still down.
+    const QPointF onePixel = QPointF(pressed) + QPointF(1, 0);
+    QMouseEvent nudge(QEvent::MouseMove, onePixel, link->mapToGlobal(onePixel), Qt::NoButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(link, &nudge);
+    EXPECT_TRUE(slider->isVisible());
+    const RowView before = t.rowView(r);
+    EXPECT_GE(t.current(t.rowParam(r)), before.spinMin);
+    EXPECT_LE(t.current(t.rowParam(r)), before.spinMax);
+
+    // Over the far end of the track the value is the maximum, wherever the
+    // pointer is reported from.
+    const int xTwips = kSliderTrackStart + kSliderTravel;
+    const QPointF trackEnd(xTwips / 15.0 * slider->logicalDpiY() / 96.0, slider->height() / 2.0);
+    const QPointF overEnd = link->mapFromGlobal(slider->mapToGlobal(trackEnd));
+    QMouseEvent drag(QEvent::MouseMove, overEnd, link->mapToGlobal(overEnd), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(link, &drag);
+    EXPECT_EQ(t.current(t.rowParam(r)), before.spinMax);
+    EXPECT_EQ(t.row<QLineEdit>("txtParamVal", r)->text(), QString::number(before.spinMax));
+
+    QTest::mouseRelease(link, Qt::LeftButton, {}, overEnd.toPoint());
+    EXPECT_FALSE(slider->isVisible());
+}
+
 TEST(EditorScreens, NewOsc1TypeInFrameOneRedrawsTheSettingRowsOfFrameTwo)
 {
     PatchScreen t;
