@@ -6,6 +6,7 @@
 #include "shell/StartUp.h"
 #include "shell/screens/QtHost.h"
 #include "shell/screens/QtSettingsStore.h"
+#include "shell/screens/QuillonApplication.h"
 #include "shell/screens/frmMain.h"
 #include "shell/screens/frmSplash.h"
 
@@ -16,7 +17,9 @@
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
+    // Nothing a command throws gets past the toolkit's events: it becomes a
+    // box, and the program goes on.
+    quillon::QuillonApplication application(argc, argv);
     // No organisation name: the data folder is then ~/.local/share/Quillon
     // (and its like on other platforms); the settings store names
     // "Quillon" itself.

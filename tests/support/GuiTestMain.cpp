@@ -1,7 +1,8 @@
-// The runner of the screen tests: the real forms need a QApplication, on the
-// offscreen platform so that no display is needed.
+// The runner of the screen tests: the real forms need the program's
+// application object, on the offscreen platform so that no display is
+// needed.
 
-#include <QApplication>
+#include "shell/screens/QuillonApplication.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,7 @@ int main(int argc, char** argv)
 {
     if (std::getenv("QT_QPA_PLATFORM") == nullptr)
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    quillon::QuillonApplication application(argc, argv);
     QApplication::setOrganizationName("QuillonTests");
     QApplication::setApplicationName("QuillonTests");
     ::testing::InitGoogleTest(&argc, argv);

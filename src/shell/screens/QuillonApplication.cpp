@@ -1,0 +1,43 @@
+#include "shell/screens/QuillonApplication.h"
+
+#include <QMessageBox>
+
+#include <exception>
+
+namespace quillon {
+
+QuillonApplication::QuillonApplication(int& argc, char** argv) : QApplication(argc, argv) {}
+
+QString QuillonApplication::failureText(const QString& reason)
+{
+    return "The command could not be finished and has been stopped. Your work is still in memory.\n\n[" + reason +
+           "]";
+}
+
+bool QuillonApplication::notify(QObject* receiver, QEvent* event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception& error) {
+        reportFailure(QString::fromLocal8Bit(error.what()));
+    } catch (...) {
+        reportFailure("Unknown error");
+    }
+    return false;
+}
+
+void QuillonApplication::reportFailure(const QString& reason)
+{
+    // The hourglass of the command that failed must not stay.
+    while (QApplication::overrideCursor() != nullptr)
+        QApplication::restoreOverrideCursor();
+    // A failure inside the box itself is not shown again.
+    if (reporting_)
+        return;
+    reporting_ = true;
+    QMessageBox box(QMessageBox::Warning, failureTitle(), failureText(reason), QMessageBox::Ok, activeWindow());
+    box.exec();
+    reporting_ = false;
+}
+
+}  // namespace quillon
