@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <string_view>
 
 namespace quillon {
 
@@ -27,6 +28,25 @@ void stopAndClose(Port& port)
     if (port.state() != kPortOpen)
         port.reset();
     port.close();
+}
+
+// Runs the opening of a port with every failure caught: a system without
+// devices throws, a device that will not open leaves the port closed. Either
+// shows the "MIDI Error" box.
+template <typename Open>
+bool openPort(AppModel& model, const char* direction, int device, Open open)
+{
+    try {
+        if (open())
+            return true;
+        showMidiError(model, kDeviceNotOpened,
+                      std::string("MIDI ") + direction + " device " + std::to_string(device) + " cannot be opened");
+    } catch (const MidiError& error) {
+        showMidiError(model, error.code(), error.what());
+    } catch (const std::exception& error) {
+        showMidiError(model, 0, error.what());
+    }
+    return false;
 }
 
 }  // namespace
@@ -98,33 +118,43 @@ void chooseMidiOutputDevice(AppModel& model, int device)
     MIDIOutOpen(model);
 }
 
-void MIDIOutOpen(AppModel& model)
+bool MIDIOutOpen(AppModel& model)
 {
     if (!model.midi.attached())
-        return;
+        return false;
     MidiOutput& output = model.midi.output();
-    if (output.state() >= kPortOpen)
-        output.close();
-    output.setDevice(model.settings.outputDevice);
-    output.open();
+    const int device = model.settings.outputDevice;
+    return openPort(model, "output", device, [&output, device] {
+        if (output.state() >= kPortOpen)
+            output.close();
+        output.setDevice(device);
+        output.open();
+        return output.state() != kPortClosed;
+    });
 }
 
-void MIDIInOpen(AppModel& model)
+bool MIDIInOpen(AppModel& model)
 {
     if (!model.midi.attached())
-        return;
+        return false;
     MidiInput& input = model.midi.input();
-    if (input.state() >= kPortOpen) {
-        input.close();
-        input.setFilter(kActiveSensing, false);
-        input.setFilter(kClock, false);
-    }
-    input.setDevice(model.settings.inputDevice);
-    input.open();
-    // Set again after every open, so that a device that forgets them on
-    // opening still keeps sensing and clock out of the dumps.
-    input.setFilter(kActiveSensing, true);
-    input.setFilter(kClock, true);
+    const int device = model.settings.inputDevice;
+    return openPort(model, "input", device, [&input, device] {
+        if (input.state() >= kPortOpen) {
+            input.close();
+            input.setFilter(kActiveSensing, false);
+            input.setFilter(kClock, false);
+        }
+        input.setDevice(device);
+        input.open();
+        if (input.state() == kPortClosed)
+            return false;
+        // Set again after every open, so that a device that forgets them on
+        // opening still keeps sensing and clock out of the dumps.
+        input.setFilter(kActiveSensing, true);
+        input.setFilter(kClock, true);
+        return true;
+    });
 }
 
 void resetGlobalMIDIOutput(AppModel& model)
@@ -132,6 +162,10 @@ void resetGlobalMIDIOutput(AppModel& model)
     if (!model.midi.attached())
         return;
     stopAndClose(model.midi.output());
+    // A closed port tells of no end: what was playing is over now.
+    if (sendUnderWay(model))
+        endTransfer(model);
+    releaseHourglass(model);
 }
 
 void resetGlobalMIDIInput(AppModel& model)
@@ -142,6 +176,8 @@ void resetGlobalMIDIInput(AppModel& model)
     // Whatever the state: the largest dump must fit in one piece.
     input.setBufferSize(kInputBufferBytes);
     stopAndClose(input);
+    if (model.midi.transfer.active && !model.midi.transfer.sending)
+        endTransfer(model);
 }
 
 void resetGlobalMIDIAll(AppModel& model)
@@ -170,7 +206,10 @@ void mnuResetInput(AppModel& model)
 void mnuResetOutput(AppModel& model)
 {
     clearStatusMessages(model);
+    const bool cut = sendUnderWay(model);
     resetGlobalMIDIOutput(model);
+    if (cut)
+        reportNotSent(model, "");
 }
 
 void holdHourglassUntilDone(AppModel& model)
@@ -181,6 +220,47 @@ void holdHourglassUntilDone(AppModel& model)
     model.host().setBusy(true);
 }
 
+void releaseHourglass(AppModel& model)
+{
+    if (!model.midi.hourglass)
+        return;
+    model.midi.hourglass = false;
+    model.host().setBusy(false);
+}
+
+void beginTransfer(AppModel& model, bool sending, std::size_t expected)
+{
+    model.midi.transfer = MidiTransfer{true, sending, 0, expected};
+    model.changed(kTransferChanged);
+}
+
+void endTransfer(AppModel& model)
+{
+    if (!model.midi.transfer.active)
+        return;
+    model.midi.transfer = MidiTransfer{};
+    model.changed(kTransferChanged);
+}
+
+bool sendUnderWay(const AppModel& model) { return model.midi.transfer.active && model.midi.transfer.sending; }
+
+std::string notSentText(const std::string& doneText)
+{
+    static constexpr std::string_view kSent = " has been sent";
+    if (doneText.ends_with(kSent))
+        return doneText.substr(0, doneText.size() - kSent.size()) + " has not been sent";
+    return doneText.empty() ? "Not sent" : doneText + " (not sent)";
+}
+
+void reportNotSent(AppModel& model, const std::string& reason)
+{
+    model.host().setStatus(notSentText(model.midi.doneText), StatusColour::Error);
+    model.host().setMessage(reason);
+    model.midi.doneText.clear();
+    endTransfer(model);
+    releaseHourglass(model);
+}
+
 void onOutputDone(AppModel& model)
 {
     if (!model.midi.attached())
@@ -188,16 +268,40 @@ void onOutputDone(AppModel& model)
     // The port stays open; the next send closes and reopens it.
     model.midi.output().reset();
     model.host().setStatus(model.midi.doneText, StatusColour::Done);
-    if (model.midi.hourglass) {
-        model.midi.hourglass = false;
-        model.host().setBusy(false);
-    }
+    if (sendUnderWay(model))
+        endTransfer(model);
+    releaseHourglass(model);
+}
+
+void onOutputProgress(AppModel& model, std::size_t bytes)
+{
+    MidiTransfer& transfer = model.midi.transfer;
+    if (!sendUnderWay(model))
+        return;
+    transfer.done = std::min(transfer.expected, transfer.done + bytes);
+    model.changed(kTransferChanged);
+}
+
+void onInputProgress(AppModel& model, std::size_t bytesSoFar)
+{
+    MidiTransfer& transfer = model.midi.transfer;
+    if (!transfer.active || transfer.sending)
+        return;
+    transfer.done = bytesSoFar;
+    model.changed(kTransferChanged);
 }
 
 void onMidiError(AppModel& model, int code, const std::string& text)
 {
     if (code == kHarmlessNotice || code == kHarmlessNoticeToo)
         return;
+    if (sendUnderWay(model) && model.midi.attached()) {
+        // What is left of the dump cannot arrive whole: it is stopped, and
+        // the status line must not say later that it was sent.
+        model.midi.output().reset();
+        reportNotSent(model, text);
+        return;
+    }
     model.host().setStatus(text, StatusColour::Error);
 }
 

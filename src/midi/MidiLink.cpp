@@ -38,6 +38,10 @@ void MidiLink::outputError(int code, const std::string& text) { onMidiError(mode
 
 void MidiLink::outputDone() { onOutputDone(model_); }
 
+void MidiLink::outputProgress(std::size_t bytes) { onOutputProgress(model_, bytes); }
+
+void MidiLink::inputProgress(std::size_t bytesSoFar) { onInputProgress(model_, bytesSoFar); }
+
 void MidiLink::inputError(int code, const std::string& text) { onMidiError(model_, code, text); }
 
 void MidiLink::inputMessage() { onInputMessage(model_); }

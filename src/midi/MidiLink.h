@@ -3,6 +3,7 @@
 #include "midi/MidiPorts.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -25,6 +26,16 @@ struct MidiSurroundings {
     std::function<void(AppModel&, MiscDialogState&)> showMiscDialog;
     // Unloads frmRequest if it is loaded.
     std::function<void()> unloadRequestDialog;
+};
+
+// A dump going out or coming in, for the progress bar beside the status
+// lines: bytes done of bytes expected, or, with nothing expected (a Listen),
+// the bytes so far.
+struct MidiTransfer {
+    bool active = false;
+    bool sending = false;  // going out; else coming in
+    std::size_t done = 0;
+    std::size_t expected = 0;
 };
 
 // The state of the invisible form that owns the MIDI ports: the ports
@@ -58,6 +69,8 @@ public:
     int toneStep = 0;            // the test tone's counter, 1 to 4 in use
     // The hourglass of a long send, shown until the output has played out.
     bool hourglass = false;
+    // The dump under way, if any.
+    MidiTransfer transfer;
     // The kind of the block the last reception acted on (1 "all Z1" to 11);
     // 0 before any.
     int receivedKind = 0;
@@ -67,8 +80,10 @@ public:
 private:
     void outputError(int code, const std::string& text) override;
     void outputDone() override;
+    void outputProgress(std::size_t bytes) override;
     void inputError(int code, const std::string& text) override;
     void inputMessage() override;
+    void inputProgress(std::size_t bytesSoFar) override;
 
     AppModel& model_;
     MidiOutput* output_ = nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <stdexcept>
 #include <string>
@@ -24,6 +25,10 @@ private:
     int code_;
 };
 
+// The code of the "MIDI Error" box for a device that would not open: it was
+// unplugged, or its program ended, since it was chosen.
+inline constexpr int kDeviceNotOpened = 104;
+
 // Port states: closed, open and idle, and anything above 1 busy (the output
 // playing out its queue, the input started and listening).
 inline constexpr int kPortClosed = 0;
@@ -37,6 +42,9 @@ public:
     virtual void outputError(int code, const std::string& text) = 0;
     // The queue has been played out.
     virtual void outputDone() = 0;
+    // A piece of `bytes` bytes of the queue has gone out; for the progress
+    // of a long dump.
+    virtual void outputProgress(std::size_t /*bytes*/) {}
 };
 
 class MidiOutput {
@@ -79,6 +87,9 @@ public:
     virtual void inputError(int code, const std::string& text) = 0;
     // A whole message has arrived and waits in the port.
     virtual void inputMessage() = 0;
+    // A SysEx message is coming in and has reached `bytesSoFar` bytes; for
+    // the progress of a long dump.
+    virtual void inputProgress(std::size_t /*bytesSoFar*/) {}
 };
 
 class MidiInput {

@@ -1,5 +1,6 @@
 #include "midi/ReceiveEngine.h"
 
+#include "editors/ItemStatus.h"
 #include "files/LoadFlow.h"
 #include "files/MiscDialog.h"
 #include "midi/MidiGlobal.h"
@@ -123,6 +124,18 @@ void unloadRequestDialog(AppModel& model)
         model.midi.surroundings.unloadRequestDialog();
 }
 
+// The length of the dump that answers a request: the item or bank it asks
+// for. (An instrument may answer Bank A or B with All Program; the bar then
+// fills up and waits.)
+std::size_t requestAnswerBytes(int index)
+{
+    static constexpr int kAnsweredKinds[] = {kPatch,      kPatchBankA, kPatchBankB, kMultiset,
+                                             kMultiBankA, kMultiBankB, kPattern,    kArpBank};
+    if (index < 0 || index >= static_cast<int>(std::size(kAnsweredKinds)))
+        return 0;
+    return dumpForKind(kAnsweredKinds[index], 1, {}).size();
+}
+
 }  // namespace
 
 int receivedBlockKind(std::size_t length) { return dumpTypeForLength(length); }
@@ -141,8 +154,12 @@ void mnuListen(AppModel& model)
     model.host().setMessage("");
     resetGlobalMIDIOutput(model);
     resetGlobalMIDIInput(model);
-    MIDIInOpen(model);
+    if (!MIDIInOpen(model)) {
+        clearStatusMessages(model);
+        return;
+    }
     model.midi.input().start();
+    beginTransfer(model, false, 0);
 }
 
 std::string_view requestCaption(int index)
@@ -163,22 +180,35 @@ void doSendRequest(AppModel& model, int index)
                                                                ? " data requested - see progress bar on Z1"
                                                                : " data requested - please wait");
     unloadRequestDialog(model);
+    MidiLink& midi = model.midi;
+    const std::string doneTextBefore = midi.doneText;
+    const int pendingBefore = midi.requestPending;
     model.host().setStatus(text, StatusColour::Busy);
-    model.midi.doneText = text;
+    midi.doneText = text;
     model.host().setMessage("");
-    model.midi.requestPending = index + 1;
+    midi.requestPending = index + 1;
+    // A device that is gone ends the request as if it had not been made.
+    const auto giveUp = [&] {
+        resetGlobalMIDIOutput(model);
+        midi.doneText = doneTextBefore;
+        midi.requestPending = pendingBefore;
+        clearStatusMessages(model);
+    };
 
     resetGlobalMIDIOutput(model);
     resetGlobalMIDIInput(model);
-    MIDIOutOpen(model);
-    MidiOutput& output = model.midi.output();
+    if (!MIDIOutOpen(model))
+        return giveUp();
+    MidiOutput& output = midi.output();
     output.setMessageType(kSysExStatus);
     output.setMessageText(requestMessage(request, midiChannel(model)));
     output.queue();
     output.start();
 
-    MIDIInOpen(model);
-    model.midi.input().start();
+    if (!MIDIInOpen(model))
+        return giveUp();
+    midi.input().start();
+    beginTransfer(model, false, requestAnswerBytes(index));
 }
 
 void onInputMessage(AppModel& model)
@@ -190,6 +220,10 @@ void onInputMessage(AppModel& model)
     if (input.messageCount() <= 0)
         return;
     const std::size_t length = input.messageText().size();
+    // The message is in; the next one, if the input stays open, counts from
+    // nothing.
+    if (midi.transfer.active && !midi.transfer.sending)
+        onInputProgress(model, 0);
     if (length < kShortestDump) {
         // The instrument is talking, but nothing of value: the line shows it.
         ++midi.ignoredCount;

@@ -44,9 +44,14 @@ void showSending(AppModel& model, const std::string& status, const std::string& 
 // left. Together the pieces are one SysEx message on the wire. A bank's
 // pieces count packed bytes, so its closing F7 rides with the last data
 // byte; a several-kinds dump is cut by its bytes, F7 included.
-void queueInPieces(AppModel& model, const SysExMessage& message, std::size_t first, bool f7WithLastData)
+// False, with nothing queued, when the output device is gone. An error of the
+// port while queuing has already said that the item was not sent; nothing
+// more is queued and the queue is not started.
+bool queueInPieces(AppModel& model, const SysExMessage& message, std::size_t first, bool f7WithLastData)
 {
-    MIDIOutOpen(model);
+    if (!MIDIOutOpen(model))
+        return false;
+    beginTransfer(model, true, message.size());
     MidiOutput& output = model.midi.output();
     output.setMessageType(kSysExStatus);
     std::size_t from = 0;
@@ -58,45 +63,50 @@ void queueInPieces(AppModel& model, const SysExMessage& message, std::size_t fir
         output.setMessageText(SysExMessage(message.begin() + static_cast<std::ptrdiff_t>(from),
                                            message.begin() + static_cast<std::ptrdiff_t>(to)));
         output.queue();
+        if (!sendUnderWay(model))
+            return true;
         from = to;
         size = kPieceBytes;
     }
     output.start();
+    return true;
 }
 
-void sendWhole(AppModel& model, const SysExMessage& message)
+bool sendWhole(AppModel& model, const SysExMessage& message)
 {
-    queueInPieces(model, message, message.size(), false);
+    return queueInPieces(model, message, message.size(), false);
 }
 
 // A bank message: the header and the first 1000 packed bytes, then 1000
 // packed bytes a piece, the last with the F7.
-void sendBankMessage(AppModel& model, const SysExMessage& message, int kind)
+bool sendBankMessage(AppModel& model, const SysExMessage& message, int kind)
 {
     const std::size_t header = message.size() - static_cast<std::size_t>(packedImageSize(kind)) - 1;
-    queueInPieces(model, message, header + kPieceBytes, true);
+    return queueInPieces(model, message, header + kPieceBytes, true);
 }
 
 // The status lines first, then the packed data made anew and the dump
 // queued: whole for the patch, multiset and pattern, in pieces for the banks.
-void sendDump(AppModel& model, int kind, const std::string& status, const std::string& doneText)
+// A device that is gone leaves the item not sent.
+bool sendDump(AppModel& model, int kind, const std::string& status, const std::string& doneText)
 {
     const int channel = midiChannel(model);
     showSending(model, status, doneText, dumpForKind(kind, channel, {}).size());
     refreshPacked(model, kind);
     const SysExMessage message = dumpForKind(kind, channel, model.packed[kind]);
-    if (EditBuffers::hasBuffers(kind))
-        sendWhole(model, message);
-    else
-        sendBankMessage(model, message, kind);
+    const bool queued =
+        EditBuffers::hasBuffers(kind) ? sendWhole(model, message) : sendBankMessage(model, message, kind);
+    if (!queued)
+        reportNotSent(model, "");
+    return queued;
 }
 
-void sendSingle(AppModel& model, int kind)
+bool sendSingle(AppModel& model, int kind)
 {
     if (!model.midi.attached())
-        return;
+        return false;
     const std::string& name = model.itemName[kind];
-    sendDump(model, kind, "Sending " + name, name + " has been sent");
+    return sendDump(model, kind, "Sending " + name, name + " has been sent");
 }
 
 struct MiscSendRow {
@@ -121,7 +131,7 @@ std::optional<MiscSendRow> miscSendRow(const MiscDump& misc)
 
 // A bank is replaced whole in the instrument: the user confirms first.
 void sendAfterConfirmation(AppModel& model, const std::string& title, const std::string& question,
-                           void (*routine)(AppModel&))
+                           bool (*routine)(AppModel&))
 {
     resetGlobalMIDIInput(model);
     if (!askYesNo(model.host(), title, question, kSendHelpContext))
@@ -130,7 +140,7 @@ void sendAfterConfirmation(AppModel& model, const std::string& title, const std:
     routine(model);
 }
 
-void sendNow(AppModel& model, void (*routine)(AppModel&))
+void sendNow(AppModel& model, bool (*routine)(AppModel&))
 {
     resetGlobalMIDIInput(model);
     routine(model);
@@ -195,49 +205,47 @@ void doSendActive(AppModel& model)
     }
 }
 
-void doSendPatch(AppModel& model) { sendSingle(model, kPatch); }
+bool doSendPatch(AppModel& model) { return sendSingle(model, kPatch); }
 
-void doSendMultiset(AppModel& model) { sendSingle(model, kMultiset); }
+bool doSendMultiset(AppModel& model) { return sendSingle(model, kMultiset); }
 
-void doSendPattern(AppModel& model) { sendSingle(model, kPattern); }
+bool doSendPattern(AppModel& model) { return sendSingle(model, kPattern); }
 
-void doSendBank(AppModel& model)
+bool doSendBank(AppModel& model)
 {
     if (!model.midi.attached())
-        return;
+        return false;
     const int bank = model.bankTarget == kPatchBankB ? kPatchBankB : kPatchBankA;
     holdHourglassUntilDone(model);
     if (bank == kPatchBankA)
-        sendDump(model, bank, "Sending Bank A - see progress bar on Z1", "Bank A has been sent");
-    else
-        sendDump(model, bank, "Sending Bank B - see progress bar on Z1", "Bank B has been sent");
+        return sendDump(model, bank, "Sending Bank A - see progress bar on Z1", "Bank A has been sent");
+    return sendDump(model, bank, "Sending Bank B - see progress bar on Z1", "Bank B has been sent");
 }
 
-void doSendMultiBank(AppModel& model)
+bool doSendMultiBank(AppModel& model)
 {
     if (!model.midi.attached())
-        return;
+        return false;
     if (model.multiMode == 1) {
         model.multiBankTarget = kMultiBankA;
     } else if (model.multiMode == 2) {
         model.multiBankTarget = kMultiBankB;
     } else {
         inform(model, "Send Multi Bank", "Please select multibank to send");
-        return;
+        return false;
     }
     holdHourglassUntilDone(model);
     if (model.multiBankTarget == kMultiBankA)
-        sendDump(model, kMultiBankA, "Sending multibank A (please wait)", "Multibank A has been sent");
-    else
-        sendDump(model, kMultiBankB, "Sending multibank B (please wait)", "Multibank B has been sent");
+        return sendDump(model, kMultiBankA, "Sending multibank A (please wait)", "Multibank A has been sent");
+    return sendDump(model, kMultiBankB, "Sending multibank B (please wait)", "Multibank B has been sent");
 }
 
-void doSendArpBank(AppModel& model)
+bool doSendArpBank(AppModel& model)
 {
     if (!model.midi.attached())
-        return;
+        return false;
     holdHourglassUntilDone(model);
-    sendDump(model, kArpBank, "Sending Arpeggiator Bank (please wait)", "Arpeggiator Bank has been sent");
+    return sendDump(model, kArpBank, "Sending Arpeggiator Bank (please wait)", "Arpeggiator Bank has been sent");
 }
 
 bool miscSend(AppModel& model)
@@ -258,9 +266,14 @@ bool miscSend(AppModel& model)
     holdHourglassUntilDone(model);
     showSending(model, "Sending " + misc.name + " (loaded from file)", misc.name + " data has been sent",
                 misc.message.size());
-    // A dump taken on another channel goes out on the current one.
-    misc.message = withChannel(misc.message, midiChannel(model));
-    queueInPieces(model, misc.message, kPieceBytes, false);
+    // A dump taken on another channel goes out on the current one; the dump
+    // stays as it was when the device is gone.
+    SysExMessage message = withChannel(misc.message, midiChannel(model));
+    if (!queueInPieces(model, message, kPieceBytes, false)) {
+        reportNotSent(model, "");
+        return false;
+    }
+    misc.message = std::move(message);
     return true;
 }
 

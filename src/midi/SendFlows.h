@@ -9,13 +9,15 @@ class AppModel;
 void doSendActive(AppModel& model);
 
 // The dump routines. They queue the message and return at once; the
-// output's done event tells of the end.
-void doSendPatch(AppModel& model);
-void doSendMultiset(AppModel& model);
-void doSendPattern(AppModel& model);
-void doSendBank(AppModel& model);       // the bank of bankTarget
-void doSendMultiBank(AppModel& model);  // the multi bank of multiMode
-void doSendArpBank(AppModel& model);
+// output's done event tells of the end. False when nothing went out: the
+// output device is gone ("MIDI Error" box, the status line says the item was
+// not sent) or no multi bank is chosen.
+bool doSendPatch(AppModel& model);
+bool doSendMultiset(AppModel& model);
+bool doSendPattern(AppModel& model);
+bool doSendBank(AppModel& model);       // the bank of bankTarget
+bool doSendMultiBank(AppModel& model);  // the multi bank of multiMode
+bool doSendArpBank(AppModel& model);
 
 // frmMisc's Send: the dump of several kinds loaded from a file, after its
 // question. Returns whether it was sent (frmMisc is then unloaded).

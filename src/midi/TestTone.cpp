@@ -83,7 +83,13 @@ void doToneStep(AppModel& model)
         clearStatusMessages(model);
         resetGlobalMIDIInput(model);
         resetGlobalMIDIOutput(model);
-        doSendPatch(model);
+        if (!doSendPatch(model)) {
+            // The device is gone: no note follows, and the next use starts
+            // from the beginning.
+            stopTimer(model);
+            midi.toneStep = 0;
+            break;
+        }
         setTimerInterval(model, kPatchSettleMs);
         break;
     case 3:

@@ -30,6 +30,9 @@ enum ModelChange : unsigned {
     // The bank view: the captions and colours of the name labels, the grid
     // made, the selection tools shown or hidden.
     kBankViewChanged = 1u << 15,
+    // A dump going out or coming in: the progress bar beside the status
+    // lines. (A high bit, apart from the screens' bits.)
+    kTransferChanged = 1u << 24,
 };
 
 // Screens observe the model through this; a bulk change such as a load

@@ -42,6 +42,10 @@ void FakeMidiOutput::setDevice(int device)
 void FakeMidiOutput::open()
 {
     record("open");
+    if (openFails) {
+        fireError(kFaultCode, faultText);
+        return;
+    }
     if (state_ == kPortClosed)
         state_ = kPortOpen;
 }
@@ -77,6 +81,10 @@ void FakeMidiOutput::reset()
 void FakeMidiOutput::queue()
 {
     record("queue:" + std::to_string(text_.size()) + " bytes");
+    if (queueFails) {
+        fireError(kFaultCode, faultText);
+        return;
+    }
     if (state_ == kPortClosed)
         return;
     queued.push_back(text_);
@@ -102,6 +110,35 @@ void FakeMidiOutput::finishPlaying()
         state_ = kPortOpen;
     if (events_ != nullptr)
         events_->outputDone();
+}
+
+void FakeMidiOutput::playPieces(std::size_t pieces)
+{
+    for (std::size_t i = 0; i < pieces && !queued.empty(); ++i) {
+        const std::vector<std::uint8_t> piece = queued.front();
+        queued.erase(queued.begin());
+        queuedTypes.erase(queuedTypes.begin());
+        wire.insert(wire.end(), piece.begin(), piece.end());
+        if (events_ != nullptr)
+            events_->outputProgress(piece.size());
+    }
+}
+
+void FakeMidiOutput::unplug()
+{
+    record("unplugged");
+    noDevices = true;
+    openFails = true;
+    queued.clear();
+    queuedTypes.clear();
+    fireError(kFaultCode, faultText);
+}
+
+void FakeMidiOutput::plugBackIn()
+{
+    record("plugged in");
+    noDevices = false;
+    openFails = false;
 }
 
 void FakeMidiOutput::fireError(int code, const std::string& text)
@@ -144,6 +181,10 @@ bool FakeMidiInput::filter(int status) const
 void FakeMidiInput::open()
 {
     record("open");
+    if (openFails) {
+        fireError(kFaultCode, faultText);
+        return;
+    }
     if (state_ == kPortClosed)
         state_ = kPortOpen;
 }
@@ -198,6 +239,28 @@ void FakeMidiInput::fireMessage()
 {
     if (events_ != nullptr)
         events_->inputMessage();
+}
+
+void FakeMidiInput::fireProgress(std::size_t bytesSoFar)
+{
+    if (events_ != nullptr)
+        events_->inputProgress(bytesSoFar);
+}
+
+void FakeMidiInput::unplug()
+{
+    record("unplugged");
+    noDevices = true;
+    openFails = true;
+    waiting_.clear();
+    fireError(kFaultCode, faultText);
+}
+
+void FakeMidiInput::plugBackIn()
+{
+    record("plugged in");
+    noDevices = false;
+    openFails = false;
 }
 
 void FakeMidiInput::fireError(int code, const std::string& text)

@@ -38,7 +38,24 @@ public:
     // The queue has been played out: what it held goes to the wire, the
     // port is idle again and the done event fires.
     void finishPlaying();
+    // The first `pieces` pieces of the queue go to the wire, each with its
+    // progress event; the rest waits.
+    void playPieces(std::size_t pieces);
     void fireError(int code, const std::string& text);
+
+    // Faults at a chosen call. The device unplugged in the middle of a dump:
+    // the error event fires, what is left of the queue is lost, and from now
+    // on the system has no output device (setDevice throws) until
+    // plugBackIn().
+    void unplug();
+    void plugBackIn();
+    // open() reports an error and leaves the port closed: the chosen device
+    // is not there any more.
+    bool openFails = false;
+    // queue() reports an error and queues nothing.
+    bool queueFails = false;
+    static constexpr int kFaultCode = 104;
+    std::string faultText = "MIDI output device is gone";
 
     // The operations since the test began (or since clearLog).
     std::vector<std::string> log;
@@ -104,6 +121,17 @@ public:
     bool deliver(std::vector<std::uint8_t> message);
     void fireMessage();
     void fireError(int code, const std::string& text);
+    // A SysEx message is coming in and has reached this many bytes.
+    void fireProgress(std::size_t bytesSoFar);
+
+    // Faults, as for the output: unplugged while listening (the error event
+    // fires, and setDevice throws until plugBackIn()), or a device that will
+    // not open.
+    void unplug();
+    void plugBackIn();
+    bool openFails = false;
+    static constexpr int kFaultCode = 104;
+    std::string faultText = "MIDI input device is gone";
 
     std::vector<std::string> log;
     void clearLog() { log.clear(); }

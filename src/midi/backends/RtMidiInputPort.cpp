@@ -17,6 +17,9 @@ constexpr std::uint8_t kFirstRealTime = 0xF8;
 constexpr int kLayerBufferFloor = 1024;
 constexpr int kLayerBufferCount = 4;
 
+// How many bytes of a SysEx message coming in make a progress report.
+constexpr std::size_t kProgressStep = 1000;
+
 }  // namespace
 
 std::vector<std::vector<std::uint8_t>> MidiMessageJoiner::take(const std::uint8_t* bytes, std::size_t size)
@@ -246,7 +249,21 @@ void RtMidiInputPort::takeBytes(const std::uint8_t* bytes, std::size_t size)
         joiner_.clear();
         return;
     }
-    for (auto& message : joiner_.take(bytes, size)) {
+    auto whole = joiner_.take(bytes, size);
+    // A long dump tells how far it has come, at most every kProgressStep
+    // bytes, so that the pump is not flooded.
+    const std::size_t soFar = joiner_.bytesSoFar();
+    if (soFar >= reportedSoFar_ + kProgressStep || soFar < reportedSoFar_) {
+        reportedSoFar_ = soFar;
+        pump_.post([shared = std::weak_ptr<Shared>(shared_), generation = shared_->generation.load(), soFar] {
+            auto alive = shared.lock();
+            if (!alive || alive->generation != generation)
+                return;
+            if (MidiInputEvents* events = alive->events)
+                events->inputProgress(soFar);
+        });
+    }
+    for (auto& message : whole) {
         if (filtered_[message.front()])
             continue;
         pump_.post([this, shared = std::weak_ptr<Shared>(shared_), generation = shared_->generation.load(),

@@ -28,6 +28,8 @@ public:
     // The whole messages that these bytes complete, in order.
     std::vector<std::vector<std::uint8_t>> take(const std::uint8_t* bytes, std::size_t size);
     void clear();
+    // The bytes of the SysEx message coming in now; 0 between messages.
+    std::size_t bytesSoFar() const { return inSysEx_ && !tooLong_ ? sysEx_.size() : 0; }
 
 private:
     void append(const std::uint8_t* bytes, std::size_t size);
@@ -105,6 +107,8 @@ private:
     int bufferSize_ = 1024;
     std::array<bool, 256> filtered_{};
     MidiMessageJoiner joiner_;
+    // The size of the message coming in at its last progress report.
+    std::size_t reportedSoFar_ = 0;
 
     // The owner's thread only.
     std::deque<std::vector<std::uint8_t>> waiting_;

@@ -214,8 +214,10 @@ void RtMidiOutputPort::workerLoop()
         {
             // A reset between taking the piece and sending it drops it.
             std::lock_guard sending(sendMutex_);
-            if (shared_->generation == generation)
+            if (shared_->generation == generation) {
                 layer_.out().sendMessage(piece.data(), piece.size());
+                postProgress(generation, piece.size());
+            }
         }
         due = begun + std::chrono::duration_cast<Clock::duration>(
                           std::chrono::duration<double>(static_cast<double>(piece.size()) / rate_.load()));
@@ -240,6 +242,15 @@ void RtMidiOutputPort::postDone(std::uint64_t generation)
         if (auto alive = shared.lock())
             if (MidiOutputEvents* events = alive->events; events != nullptr && alive->generation == generation)
                 events->outputDone();
+    });
+}
+
+void RtMidiOutputPort::postProgress(std::uint64_t generation, std::size_t bytes)
+{
+    pump_.post([shared = std::weak_ptr<Shared>(shared_), generation, bytes] {
+        if (auto alive = shared.lock())
+            if (MidiOutputEvents* events = alive->events; events != nullptr && alive->generation == generation)
+                events->outputProgress(bytes);
     });
 }
 

@@ -74,6 +74,7 @@ private:
     void send(const std::vector<std::uint8_t>& bytes);
     void postError(int code, const std::string& text);
     void postDone(std::uint64_t generation);
+    void postProgress(std::uint64_t generation, std::size_t bytes);
 
     EventPump& pump_;
     std::shared_ptr<Shared> shared_;

@@ -214,8 +214,10 @@ private:
                 answers.push_back(std::move(answer));
         }
         state_ = kPortOpen;
-        if (events_ != nullptr)
+        if (events_ != nullptr) {
+            events_->outputProgress(stream.size());
             events_->outputDone();
+        }
         for (SysExMessage& answer : answers)
             input_.postArrival(std::move(answer));
     }

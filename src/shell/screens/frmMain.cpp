@@ -26,6 +26,7 @@
 #include "midi/ReceiveEngine.h"
 #include "midi/SendFlows.h"
 #include "midi/TestTone.h"
+#include "midi/screens/TransferProgress.h"
 #include "model/Kind.h"
 #include "output/CheckResults.h"
 #include "output/CompareLast.h"
@@ -214,6 +215,7 @@ void frmMain::buildCentre()
     auto* lines = new QHBoxLayout;
     lines->addWidget(status_, 1);
     lines->addWidget(message_, 1);
+    lines->addWidget(new TransferProgress(model_, centre));
     column->addLayout(lines);
     setCentralWidget(centre);
 }
@@ -367,6 +369,8 @@ void frmMain::refresh(unsigned changes)
         refreshSendMenu();
     if (changes & kRecentFilesChanged)
         refreshRecentFiles();
+    if (changes & kTransferChanged)
+        findChild<TransferProgress*>("prgTransfer")->mirror();
     if (changes & kScreenChanged) {
         const bool editing = model_.mode == 1 || model_.mode == 4;
         const bool pattern = model_.mode == kPattern;

@@ -6,6 +6,8 @@
 #include "sysex/SysExPacking.h"
 #include "support/DialogAnswers.h"
 
+#include <QApplication>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -112,6 +114,51 @@ TEST(MidiCommands, ListenOpensTheDumpDialogForAnAllMultiDumpAndItOffersToSaveIt)
     EXPECT_FALSE(sendOffered);
     EXPECT_EQ(w.model.midi.input().state(), kPortClosed);
     EXPECT_EQ(w.model.misc.message, allMulti);
+}
+
+TEST(MidiCommands, AProgressBarBesideTheStatusLinesShowsADumpAndGoesWhenItEnds)
+{
+    SimulatedMidiWindow w;
+    auto* bar = w.window.findChild<QProgressBar*>("prgTransfer");
+    ASSERT_NE(bar, nullptr);
+    EXPECT_FALSE(bar->isVisibleTo(&w.window));
+
+    w.action("mnuSendActive")->trigger();
+    EXPECT_TRUE(bar->isVisibleTo(&w.window));
+    EXPECT_EQ(bar->maximum(), 666);
+    EXPECT_EQ(bar->text(), "0 of 666 bytes");
+    EXPECT_EQ(w.label("lblStatus")->text(), "Sending Init Patch") << "the status texts stay as they are";
+    ASSERT_TRUE(runEventsUntil([&w] { return w.label("lblStatus")->text() == "Init Patch has been sent"; }));
+    EXPECT_FALSE(bar->isVisibleTo(&w.window));
+
+    w.action("mnuListen")->trigger();
+    EXPECT_TRUE(bar->isVisibleTo(&w.window));
+    EXPECT_EQ(bar->text(), "0 bytes");
+    w.action("mnuResetInput")->trigger();
+    EXPECT_FALSE(bar->isVisibleTo(&w.window));
+}
+
+TEST(MidiCommands, SendToADeviceThatIsGoneShowsTheMidiErrorBoxAndWorksWithAnotherDevice)
+{
+    SimulatedMidiWindow w;
+    w.model.settings.outputDevice = 99;
+    QString title;
+    QString text;
+    answerNextMessageBox("OK", &text, &title);
+
+    w.action("mnuSendActive")->trigger();
+
+    EXPECT_EQ(title, "MIDI Error");
+    EXPECT_TRUE(text.endsWith("cannot be opened]")) << text.toStdString();
+    runWaitingEvents();
+    EXPECT_NE(w.label("lblStatus")->text(), "Init Patch has been sent");
+    EXPECT_TRUE(w.z1().received().empty());
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+
+    w.model.settings.outputDevice = 0;
+    w.action("mnuSendActive")->trigger();
+    ASSERT_TRUE(runEventsUntil([&w] { return w.label("lblStatus")->text() == "Init Patch has been sent"; }));
+    EXPECT_EQ(w.z1().received().size(), 1u);
 }
 
 TEST(MidiCommands, ResetInputEndsAListenLeftOpen)
