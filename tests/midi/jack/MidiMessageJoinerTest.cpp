@@ -24,6 +24,18 @@ TEST(MidiMessageJoiner, PartsAreJoinedUntilTheirF7)
     EXPECT_EQ(take(joiner, {0x03, 0xF7}), (Messages{{0xF0, 0x42, 0x30, 0x01, 0x02, 0x03, 0xF7}}));
 }
 
+TEST(MidiMessageJoiner, TheBytesSoFarOfASysExComingInAreCountedForItsProgress)
+{
+    MidiMessageJoiner joiner;
+    EXPECT_EQ(joiner.bytesSoFar(), 0u);
+    take(joiner, {0xF0, 0x42, 0x30});
+    EXPECT_EQ(joiner.bytesSoFar(), 3u);
+    take(joiner, {0x01, 0x02});
+    EXPECT_EQ(joiner.bytesSoFar(), 5u);
+    take(joiner, {0x03, 0xF7});
+    EXPECT_EQ(joiner.bytesSoFar(), 0u) << "whole: nothing is coming in any more";
+}
+
 TEST(MidiMessageJoiner, ClockBetweenPartsIsAMessageOfItsOwnAndTheSysExGoesOn)
 {
     MidiMessageJoiner joiner;
