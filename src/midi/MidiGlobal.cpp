@@ -291,17 +291,22 @@ void onInputProgress(AppModel& model, std::size_t bytesSoFar)
     model.changed(kTransferChanged);
 }
 
-void onMidiError(AppModel& model, int code, const std::string& text)
+void onOutputError(AppModel& model, int code, const std::string& text)
 {
-    if (code == kHarmlessNotice || code == kHarmlessNoticeToo)
-        return;
-    if (sendUnderWay(model) && model.midi.attached()) {
+    if (code != kHarmlessNotice && code != kHarmlessNoticeToo && sendUnderWay(model) && model.midi.attached()) {
         // What is left of the dump cannot arrive whole: it is stopped, and
         // the status line must not say later that it was sent.
         model.midi.output().reset();
         reportNotSent(model, text);
         return;
     }
+    onMidiError(model, code, text);
+}
+
+void onMidiError(AppModel& model, int code, const std::string& text)
+{
+    if (code == kHarmlessNotice || code == kHarmlessNoticeToo)
+        return;
     model.host().setStatus(text, StatusColour::Error);
 }
 

@@ -70,11 +70,12 @@ std::string notSentText(const std::string& doneText);
 // sent, with the reason in the message line, and the hourglass goes back.
 void reportNotSent(AppModel& model, const std::string& reason);
 
-// The events of the ports, as MidiLink hands them on. An error while a dump
-// is going out stops it and says that the item was not sent.
+// The events of the ports, as MidiLink hands them on. An error of the output
+// while a dump is going out stops it and says that the item was not sent.
 void onOutputDone(AppModel& model);
 void onOutputProgress(AppModel& model, std::size_t bytes);
 void onInputProgress(AppModel& model, std::size_t bytesSoFar);
+void onOutputError(AppModel& model, int code, const std::string& text);
 void onMidiError(AppModel& model, int code, const std::string& text);
 
 // The instrument's global channel, 1 to 16, and the third byte of every

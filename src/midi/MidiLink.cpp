@@ -34,7 +34,7 @@ void MidiLink::attach(MidiOutput* output, MidiInput* input, Timer* timerMain)
         timerMain_->setTick([this] { doToneStep(model_); });
 }
 
-void MidiLink::outputError(int code, const std::string& text) { onMidiError(model_, code, text); }
+void MidiLink::outputError(int code, const std::string& text) { onOutputError(model_, code, text); }
 
 void MidiLink::outputDone() { onOutputDone(model_); }
 

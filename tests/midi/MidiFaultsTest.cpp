@@ -211,6 +211,18 @@ TEST_F(MidiFaults, ResetOfTheOutputInTheMiddleOfABankSaysNotSentAndTakesTheHourg
     EXPECT_EQ(out.state(), kPortClosed);
 }
 
+TEST_F(MidiFaults, AnErrorOfTheInputLeavesADumpGoingOutAlone)
+{
+    ASSERT_TRUE(doSendBank(model));
+    in.fireError(5, "Input overflow");
+    EXPECT_EQ(host.status, "Input overflow");
+    EXPECT_TRUE(model.midi.transfer.active);
+    EXPECT_EQ(host.busyDepth, 1);
+    out.finishPlaying();
+    EXPECT_EQ(host.status, "Bank A has been sent");
+    EXPECT_EQ(host.busyDepth, 0);
+}
+
 TEST_F(MidiFaults, ResetOfTheOutputWithNothingGoingOutSaysNothing)
 {
     ASSERT_TRUE(doSendPatch(model));
