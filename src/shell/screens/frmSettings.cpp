@@ -260,8 +260,10 @@ void frmSettings::buildTestTone(QWidget* frame)
     for (auto [combo, value] : {std::pair{length, &s.toneLength}, std::pair{velocity, &s.toneVelocity},
                                 std::pair{pitch, &s.tonePitch}}) {
         setIndexQuietly(combo, *value);
-        onIndex(combo, [this, value](int n) {
-            *value = n;
+        // A structured binding cannot be captured by every compiler in use.
+        int* setting = value;
+        onIndex(combo, [this, setting](int n) {
+            *setting = n;
             settingsChanged();
         });
     }
