@@ -284,7 +284,10 @@ bool EditorScreens::eventFilter(QObject* watched, QEvent* event)
             return false;
         }
         if (watched == r.slider) {
-            auto* mouse = static_cast<QMouseEvent*>(event);
+            // Every event passes here; only a mouse event is one.
+            auto* mouse = dynamic_cast<QMouseEvent*>(event);
+            if (mouse == nullptr)
+                return false;
             if (type == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
                 pressSlider(row);
                 return true;
@@ -303,10 +306,12 @@ bool EditorScreens::eventFilter(QObject* watched, QEvent* event)
     for (int i = 1; i <= 2; ++i) {
         if (watched != floating_[static_cast<std::size_t>(i)])
             continue;
-        auto* mouse = static_cast<QMouseEvent*>(event);
+        auto* mouse = dynamic_cast<QMouseEvent*>(event);
         switch (type) {
         case QEvent::MouseButtonPress: return true;
         case QEvent::MouseMove:
+            if (mouse == nullptr)
+                return false;
             moveSlider(watched, mouse->position(), (mouse->buttons() & Qt::LeftButton) != 0);
             return true;
         case QEvent::MouseButtonRelease:
