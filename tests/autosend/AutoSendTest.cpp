@@ -38,19 +38,6 @@ void fillBank(AppModel& model, int bank)
     model.flags.loaded[bank] = true;
 }
 
-void selectPatches(AppModel& model, int bank, const std::vector<int>& patches)
-{
-    BankSelection& selection = model.banks.selection(bank);
-    selection = BankSelection{};
-    for (int p : patches)
-        selection.selectionFlags[static_cast<std::size_t>(p)] = -1;
-    int count = 0;
-    for (int p = 0; p < 128; ++p)
-        if (selection.selectionFlags[static_cast<std::size_t>(p)] != 0)
-            selection.selectionSequence[static_cast<std::size_t>(++count)] = static_cast<std::int16_t>(p);
-    selection.selectionCount = static_cast<std::int16_t>(count);
-}
-
 // What the program hands to the output, in order, as it hands it over:
 // "patch N" (the place, read from the image's marker byte), "on K V" and
 // "off K V". A send that closes the port cuts the one before it short, but
@@ -122,7 +109,7 @@ struct AutoSendShow : ::testing::Test {
 
     void open(const std::vector<int>& patches)
     {
-        selectPatches(model, kPatchBankA, patches);
+        selectBankPatches(model, kPatchBankA, patches);
         show.doSetup();
         take();
     }

@@ -25,4 +25,17 @@ TempFolder::~TempFolder()
     std::filesystem::remove_all(path_, ignored);
 }
 
+void selectBankPatches(AppModel& model, int bank, const std::vector<int>& places)
+{
+    BankSelection& selection = model.banks.selection(bank);
+    selection = BankSelection{};
+    for (int place : places)
+        selection.selectionFlags[static_cast<std::size_t>(place)] = -1;
+    int count = 0;
+    for (int place = 0; place < kBankPatches; ++place)
+        if (selection.selected(place))
+            selection.selectionSequence[static_cast<std::size_t>(++count)] = static_cast<std::int16_t>(place);
+    selection.selectionCount = static_cast<std::int16_t>(count);
+}
+
 }  // namespace quillon

@@ -50,17 +50,6 @@ struct SimShow : ::testing::Test {
     }
     ~SimShow() override { model.midi.attach(nullptr, nullptr, nullptr); }
 
-    void select(const std::vector<int>& patches)
-    {
-        BankSelection& selection = model.banks.selection(kPatchBankA);
-        int count = 0;
-        for (int p : patches) {
-            selection.selectionFlags[static_cast<std::size_t>(p)] = -1;
-            selection.selectionSequence[static_cast<std::size_t>(++count)] = static_cast<std::int16_t>(p);
-        }
-        selection.selectionCount = static_cast<std::int16_t>(count);
-    }
-
     void tick(ManualTimer& timer)
     {
         now += timer.interval();
@@ -88,7 +77,7 @@ TEST_F(SimShow, TheInstrumentTakesEachPatchThenItsChordASecondLaterAndTheRelease
 {
     ASSERT_TRUE(model.flags.loaded[kPatchBankA]);
     setShowChordSequence(model, 0);
-    select({2, 40, 99});
+    selectBankPatches(model, kPatchBankA, {2, 40, 99});
     AutoSend show(model, kPatchBankA, autoTimer, miniTimer);
     show.doSetup();
     const std::size_t before = z1.received().size();
@@ -137,7 +126,7 @@ TEST_F(SimShow, TheInstrumentTakesEachPatchThenItsChordASecondLaterAndTheRelease
 TEST_F(SimShow, ChordsBeforeTheLastAreNotReleasedByTheShow)
 {
     setShowChordSequence(model, 1);
-    select({0, 1});
+    selectBankPatches(model, kPatchBankA, {0, 1});
     AutoSend show(model, kPatchBankA, autoTimer, miniTimer);
     show.doSetup();
     show.start();

@@ -60,17 +60,6 @@ struct JackShow : JackRig {
         model.flags.loaded[kPatchBankA] = true;
     }
 
-    void select(const std::vector<int>& places)
-    {
-        BankSelection& selection = model.banks.selection(kPatchBankA);
-        int count = 0;
-        for (int p : places) {
-            selection.selectionFlags[static_cast<std::size_t>(p)] = -1;
-            selection.selectionSequence[static_cast<std::size_t>(++count)] = static_cast<std::int16_t>(p);
-        }
-        selection.selectionCount = static_cast<std::int16_t>(count);
-    }
-
     // Every note z1sim has been played, once there are at least `minimum`
     // and the last of them is the one given.
     std::vector<HeardNote> notesEndingWith(std::size_t minimum, int key, bool on)
@@ -102,7 +91,7 @@ TEST_F(JackShow, ThreePatchesWithTheArpeggiatorOnThenDoneLeaveNothingSounding)
     setShowPatternSelect(model, 12);
     setShowChordSequence(model, 0);
     const std::vector<int> places{3, 50, 127};
-    select(places);
+    selectBankPatches(model, kPatchBankA, places);
     AutoSend show(model, kPatchBankA, autoTimer, miniTimer);
     show.doSetup();
     const int before = savedCount("current-patch");
