@@ -4,6 +4,7 @@
 #include "app/CliSession.h"
 #include "app/CliTimer.h"
 #include "autosend/AutoSend.h"
+#include "banks/BankView.h"
 #include "midi/MidiGlobal.h"
 #include "model/Kind.h"
 #include "shell/AppModel.h"
@@ -116,14 +117,11 @@ bool parseShowOptions(std::vector<std::string>& args, ShowOptions& show, std::st
 // The bank view's selection made of the places, as clicks on them would.
 void selectPlaces(AppModel& model, int bank, const std::vector<int>& places)
 {
-    BankSelection& selection = model.banks.selection(bank);
-    selection = BankSelection{};
-    int count = 0;
-    for (int place : places) {
-        selection.selectionFlags[static_cast<std::size_t>(place)] = -1;
-        selection.selectionSequence[static_cast<std::size_t>(++count)] = static_cast<std::int16_t>(place);
-    }
-    selection.selectionCount = static_cast<std::int16_t>(count);
+    model.bankTarget = bank;
+    fraBankLabelsSetUp(model, bank, 3);
+    for (int place : places)
+        model.banks.selection(bank).selectionFlags[static_cast<std::size_t>(place)] = -1;
+    bankSelectSequence(model);
 }
 
 const char* arpName(int mode)

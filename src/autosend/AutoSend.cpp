@@ -1,5 +1,7 @@
 #include "autosend/AutoSend.h"
 
+#include "banks/BankView.h"
+#include "banks/PatternSlots.h"
 #include "midi/MidiGlobal.h"
 #include "midi/SendFlows.h"
 #include "model/BankImage.h"
@@ -49,6 +51,31 @@ void setShowInterval(AppModel& model, int seconds) { setSetting(model, kInterval
 void setShowArpMode(AppModel& model, int mode) { setSetting(model, kArpSlot, mode); }
 void setShowPatternSelect(AppModel& model, int row) { setSetting(model, kPatternSlot, row); }
 void setShowChordSequence(AppModel& model, int row) { setSetting(model, kChordSlot, row); }
+
+std::vector<std::string> intervalRows()
+{
+    std::vector<std::string> rows;
+    for (int seconds = kLowestInterval; seconds <= kHighestInterval; ++seconds)
+        rows.push_back(std::to_string(seconds));
+    return rows;
+}
+
+std::vector<std::string> chordSequenceRows()
+{
+    return {"Fixed", "Chromatic", "Major 4ths", "Major 5ths", "Major-minor 4ths", "Major-minor relative",
+            "Major-minor random"};
+}
+
+std::vector<std::string> patternSelectRows(const AppModel& model)
+{
+    std::vector<std::string> rows{"UP", "DOWN", "ALTERNATE1", "ALTERNATE2", "RANDOM"};
+    const bool loaded = model.flags.loaded[kArpBank];
+    for (int position = kPresetPatterns; position < kPatternsPerBank; ++position)
+        rows.push_back(patternSlotName(position) + " " +
+                       (loaded ? model.banks.bankPatternName(position) : std::string("User pattern")));
+    rows.push_back("As patch");
+    return rows;
+}
 
 void applyShowArpOption(ByteImage& patch, int arpMode, int patternSelect, bool quiet)
 {
@@ -203,6 +230,33 @@ void AutoSend::mark()
     if (markCount_ >= 1)
         reselectEnabled_ = true;
     changed();
+}
+
+void AutoSend::reselect()
+{
+    if (markCount_ < 1) {
+        reselectEnabled_ = false;
+        changed();
+        return;
+    }
+    MessageRequest box;
+    box.title = "Reselect Patches for Autosend";
+    box.text = "Replace current bank selection with marked patches only?";
+    box.icon = MessageIcon::Question;
+    box.buttons = MessageButtons::YesNo;
+    if (model_.host().showMessage(box) != Answer::Yes)
+        return;
+    BankSelection& selection = model_.banks.selection(bank_);
+    selection.selectionFlags.fill(0);
+    for (int i = 1; i <= sendCount_; ++i)
+        if (sendMarks_[static_cast<std::size_t>(i)])
+            selection.selectionFlags[static_cast<std::size_t>(sendList_[static_cast<std::size_t>(i)])] = -1;
+    // The bank view shows the show's bank: the sequence is made of its flags.
+    model_.bankTarget = bank_;
+    bankSelectSequence(model_);
+    fraBankLabelsSetUp(model_, bank_, 2);
+    // The show now runs over the marked patches only.
+    doSetup();
 }
 
 void AutoSend::done()

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace quillon {
 
@@ -29,6 +30,13 @@ void setShowInterval(AppModel& model, int seconds);
 void setShowArpMode(AppModel& model, int mode);
 void setShowPatternSelect(AppModel& model, int row);
 void setShowChordSequence(AppModel& model, int row);
+
+// The rows of the form's lists: cmbInterval "3" to "30", cmbChordSeq the
+// seven sequences, cmbPatternSelect the five preset patterns, the fifteen
+// user patterns by slot and name and "As patch".
+std::vector<std::string> intervalRows();
+std::vector<std::string> chordSequenceRows();
+std::vector<std::string> patternSelectRows(const AppModel& model);
 
 // The show's state: Stopped at opening, Running while AutoTimer runs,
 // Paused, and Finished when the last patch has had its interval.

@@ -1,5 +1,7 @@
 #include "autosend/AutoSend.h"
 
+#include "banks/BankView.h"
+
 #include "support/FakeMidiPorts.h"
 #include "support/ManualTimer.h"
 #include "support/TestModel.h"
@@ -445,6 +447,85 @@ TEST_F(AutoSendShow, TheIntervalChosenDuringTheShowTakesEffectAtOnce)
     EXPECT_TRUE(show.soundShowVisible());
     show.choosePattern(4);
     EXPECT_EQ(showPatternSelect(model), 4);
+}
+
+TEST_F(AutoSendShow, TheListsOfTheForm)
+{
+    const auto intervals = intervalRows();
+    ASSERT_EQ(intervals.size(), 28u);
+    EXPECT_EQ(intervals.front(), "3");
+    EXPECT_EQ(intervals.back(), "30");
+    EXPECT_EQ(chordSequenceRows(),
+              (std::vector<std::string>{"Fixed", "Chromatic", "Major 4ths", "Major 5ths", "Major-minor 4ths",
+                                        "Major-minor relative", "Major-minor random"}));
+    auto rows = patternSelectRows(model);
+    ASSERT_EQ(rows.size(), 21u);
+    EXPECT_EQ(rows[0], "UP");
+    EXPECT_EQ(rows[4], "RANDOM");
+    EXPECT_EQ(rows[5], "U1-1 User pattern");
+    EXPECT_EQ(rows[19], "U3-5 User pattern");
+    EXPECT_EQ(rows[20], "As patch");
+    // With the ArpBank loaded the user patterns show their names.
+    ByteImage pattern(256, ' ');
+    const std::string name = "Rolling Eights";
+    std::copy(name.begin(), name.end(), pattern.begin());
+    model.banks.writeBankPattern(10, pattern);
+    model.flags.loaded[kArpBank] = true;
+    rows = patternSelectRows(model);
+    EXPECT_EQ(rows[10], "U2-1 Rolling Eights  ");
+}
+
+TEST_F(AutoSendShow, ReselectMakesTheMarkedPatchesTheBanksSelectionAndTheShowRunsOverThem)
+{
+    open({4, 8, 15, 16});
+    act(&AutoSend::start);
+    interval();
+    interval();
+    act(&AutoSend::mark);
+    interval();
+    interval();
+    act(&AutoSend::mark);
+    t.host.expectMessage("Reselect Patches for Autosend", Answer::Yes,
+                         "Replace current bank selection with marked patches only?");
+    act(&AutoSend::reselect);
+    EXPECT_TRUE(t.host.allShown());
+    const BankSelection& selection = model.banks.selection(kPatchBankA);
+    EXPECT_EQ(selection.selectionCount, 2);
+    EXPECT_EQ(selection.selectionSequence[1], 8);
+    EXPECT_EQ(selection.selectionSequence[2], 16);
+    for (int p = 0; p < 128; ++p)
+        EXPECT_EQ(selection.selected(p), p == 8 || p == 16) << p;
+    EXPECT_EQ(model.bankView.labels[8].scheme, kSelectedScheme);
+    EXPECT_EQ(model.bankView.labels[4].scheme, kUnselectedScheme);
+    // Set up again over the two.
+    EXPECT_EQ(show.sendCount(), 2);
+    EXPECT_EQ(show.sendListAt(1), 8);
+    EXPECT_EQ(show.sendListAt(2), 16);
+    EXPECT_EQ(show.markCount(), 0);
+    EXPECT_EQ(show.sendIndex(), 0);
+    EXPECT_FALSE(show.reselectEnabled());
+}
+
+TEST_F(AutoSendShow, ReselectAnsweredNoLeavesTheSelection)
+{
+    open({4, 8});
+    act(&AutoSend::start);
+    interval();
+    act(&AutoSend::mark);
+    t.host.expectMessage("Reselect Patches for Autosend", Answer::No);
+    act(&AutoSend::reselect);
+    EXPECT_EQ(model.banks.selection(kPatchBankA).selectionCount, 2);
+    EXPECT_EQ(show.markCount(), 1);
+    EXPECT_EQ(show.sendCount(), 2);
+    EXPECT_TRUE(show.reselectEnabled());
+}
+
+TEST_F(AutoSendShow, ReselectWithoutMarksOnlyTurnsItselfOff)
+{
+    open({4, 8});
+    act(&AutoSend::reselect);
+    EXPECT_FALSE(show.reselectEnabled());
+    EXPECT_EQ(model.banks.selection(kPatchBankA).selectionCount, 2);
 }
 
 }  // namespace

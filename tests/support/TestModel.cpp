@@ -1,5 +1,7 @@
 #include "support/TestModel.h"
 
+#include "banks/BankView.h"
+
 #include <atomic>
 #include <random>
 #include <string>
@@ -27,15 +29,11 @@ TempFolder::~TempFolder()
 
 void selectBankPatches(AppModel& model, int bank, const std::vector<int>& places)
 {
-    BankSelection& selection = model.banks.selection(bank);
-    selection = BankSelection{};
+    model.bankTarget = bank;
+    fraBankLabelsSetUp(model, bank, 3);
     for (int place : places)
-        selection.selectionFlags[static_cast<std::size_t>(place)] = -1;
-    int count = 0;
-    for (int place = 0; place < kBankPatches; ++place)
-        if (selection.selected(place))
-            selection.selectionSequence[static_cast<std::size_t>(++count)] = static_cast<std::int16_t>(place);
-    selection.selectionCount = static_cast<std::int16_t>(count);
+        model.banks.selection(bank).selectionFlags[static_cast<std::size_t>(place)] = -1;
+    bankSelectSequence(model);
 }
 
 }  // namespace quillon
