@@ -18,7 +18,7 @@ trap 'rm -rf "$work"' EXIT
 fail() {
     echo "cli-show: $*" >&2
     echo "--- show:" >&2
-    cat "$work/show.out" >&2 || true
+    cat "$work/show.out" "$work/stopped.out" >&2 2>/dev/null || true
     echo "--- z1sim since:" >&2
     cat "$work/z1sim.new" >&2 || true
     exit 1
@@ -86,19 +86,21 @@ for file in $(ls "$state/save" | grep '^current-patch-' | tail -n 4); do
 done
 echo "show: three patches, three chords, released at the end"
 
-# Ctrl+C after the first chord runs Done: the chord is released.
+# Ctrl+C after the first chord runs Done: the chord is released. The
+# output goes to a file of its own, which the loop below may read before
+# the shell of the background show has made it.
 mark=$(wc -l <"$state/z1sim.log")
 "$cli" show "$bank" --members 10-20 --interval 3 --arp on --chords 1 \
-    --out-port "$QUILLON_Z1SIM_IN" --rate 31250 >"$work/show.out" 2>&1 &
+    --out-port "$QUILLON_Z1SIM_IN" --rate 31250 >"$work/stopped.out" 2>&1 &
 show=$!
 for _ in $(seq 200); do
-    grep -q '^  chord ' "$work/show.out" && break
+    grep -q '^  chord ' "$work/stopped.out" && break
     sleep 0.1
 done
-grep -q '^  chord 56 60 63$' "$work/show.out" || { kill $show; fail "no first chord"; }
+grep -q '^  chord 56 60 63$' "$work/stopped.out" || { kill $show; fail "no first chord"; }
 kill -INT $show
 wait $show || fail "the show ended badly after Ctrl+C"
-grep -q '^Stopped after 1 of 11$' "$work/show.out" || fail "no stop line"
+grep -q '^Stopped after 1 of 11$' "$work/stopped.out" || fail "no stop line"
 wait_for_notes "$mark" 6 || fail "z1sim did not hear the chord released"
 grep '^note ' "$work/z1sim.new" | sed 's/ at .*//' >"$work/notes"
 printf 'note on %s 100\n' 56 60 63 >"$work/expected"
