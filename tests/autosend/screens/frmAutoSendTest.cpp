@@ -1,5 +1,6 @@
 #include "autosend/screens/frmAutoSend.h"
 
+#include "files/AtomicFile.h"
 #include "midi/backends/SimulatedZ1.h"
 #include "midi/screens/SimulatedMidiWindow.h"
 #include "model/BankImage.h"
@@ -9,6 +10,7 @@
 #include "sysex/SysExPacking.h"
 
 #include <QComboBox>
+#include <QMenu>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -195,6 +197,79 @@ TEST(frmAutoSend, TheIntervalChosenSetsTheTimer)
     QTest::keyClick(interval, Qt::Key_Down);
     EXPECT_EQ(showInterval(w.model), 6);
     EXPECT_EQ(form.autoTimer().interval(), 6000);
+}
+
+// Clicks an item of a popup menu that is showing.
+void clickItem(QMenu* menu, const char* name)
+{
+    QAction* item = menu->findChild<QAction*>(name);
+    ASSERT_NE(item, nullptr) << name;
+    ASSERT_TRUE(menu->isVisible());
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(item).center());
+}
+
+// The main window over the simulated Z1 with bank A opened from a file.
+struct OpenedBankWindow : SimulatedMidiWindow {
+    OpenedBankWindow()
+    {
+        const auto path = folder / "bank-a.syx";
+        EXPECT_TRUE(writeFileAtomically(path, z1().dumpFor(1)));
+        window.show();
+        answerNextFileDialog(QString::fromStdString(path.string()));
+        action("mnuOpen")->trigger();
+    }
+    QLabel* patch(int i) { return window.findChild<QLabel*>(QString("lblBkPatch_%1").arg(i)); }
+    void click(int i, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mouseClick(patch(i), button, {}, patch(i)->rect().center());
+    }
+};
+
+TEST(frmAutoSend, ThePopupOpensTheShowOnTheSelectionAndMarkAndReselectMakeTheNewOne)
+{
+    OpenedBankWindow w;
+    ASSERT_EQ(w.model.mode, kPatchBankA);
+    setShowArpMode(w.model, kShowArpOff);
+    for (int i : {2, 5, 9})
+        w.click(i);
+    w.click(9, Qt::RightButton);
+    QMenu* popup = w.window.findChild<QMenu*>("mnuPopup2");
+    ASSERT_NE(popup, nullptr);
+    bool opened = false;
+    whenNextModalOpens([&](QWidget* modal) {
+        auto* form = qobject_cast<frmAutoSend*>(modal);
+        ASSERT_NE(form, nullptr);
+        opened = true;
+        EXPECT_EQ(control<QLabel>(*form, "lblSelected")->text(), "3");
+        EXPECT_TRUE(control<QLabel>(*form, "lblStartPatch")->text().startsWith("A002 "));
+        EXPECT_TRUE(control<QLabel>(*form, "lblEndPatch")->text().startsWith("A009 "));
+        click(*form, "cmdStart");
+        hurry(*form);
+        // Mark the first and the third.
+        for (int element : {1, 3}) {
+            ASSERT_TRUE(runEventsUntil([form, element] { return form->autoSend().sendIndex() >= element; }));
+            click(*form, "cmdPause");
+            if (form->autoSend().sendIndex() == element)
+                click(*form, "cmdMark");
+            click(*form, "cmdPause");
+        }
+        EXPECT_EQ(control<QLabel>(*form, "lblMarked")->text(), "2");
+        ASSERT_TRUE(control(*form, "cmdReselect")->isEnabled());
+        QString question;
+        answerNextMessageBox("Yes", &question);
+        click(*form, "cmdReselect");
+        EXPECT_EQ(question, "Replace current bank selection with marked patches only?");
+        EXPECT_EQ(control<QLabel>(*form, "lblSelected")->text(), "2");
+        click(*form, "cmdDone");
+    });
+    clickItem(popup, "mnuAutoSend2");
+    ASSERT_TRUE(opened);
+    const BankSelection& selection = w.model.banks.selection(kPatchBankA);
+    EXPECT_EQ(selection.selectionCount, 2);
+    for (int p = 0; p < 128; ++p)
+        EXPECT_EQ(selection.selected(p), p == 2 || p == 9) << p;
+    EXPECT_EQ(w.patch(2)->styleSheet(), w.patch(9)->styleSheet());
+    EXPECT_NE(w.patch(5)->styleSheet(), w.patch(9)->styleSheet());
 }
 
 }  // namespace
