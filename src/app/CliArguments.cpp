@@ -1,6 +1,8 @@
 #include "app/CliArguments.h"
 
 #include <charconv>
+#include <set>
+#include <sstream>
 
 namespace quillon {
 
@@ -30,6 +32,25 @@ bool parseFileArguments(const std::vector<std::string>& args, FileArguments& par
         }
     }
     return true;
+}
+
+std::optional<std::vector<int>> parsePlaceList(const std::string& text, int highest)
+{
+    std::set<int> places;
+    std::istringstream parts(text);
+    std::string part;
+    while (std::getline(parts, part, ',')) {
+        const auto dash = part.find('-');
+        const auto first = parseInt(part.substr(0, dash));
+        const auto last = dash == std::string::npos ? first : parseInt(part.substr(dash + 1));
+        if (!first || !last || *first < 0 || *last > highest || *first > *last)
+            return std::nullopt;
+        for (int place = *first; place <= *last; ++place)
+            places.insert(place);
+    }
+    if (places.empty() || text.ends_with(','))
+        return std::nullopt;
+    return std::vector<int>(places.begin(), places.end());
 }
 
 }  // namespace quillon

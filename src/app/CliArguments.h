@@ -18,4 +18,9 @@ struct FileArguments {
 };
 bool parseFileArguments(const std::vector<std::string>& args, FileArguments& parsed);
 
+// Places 0 to `highest` written as numbers and ranges with a dash, apart by
+// commas ("0-3,17"): each place once, in ascending order. Nothing when a
+// part is no number, out of range, or a range runs backwards.
+std::optional<std::vector<int>> parsePlaceList(const std::string& text, int highest);
+
 }  // namespace quillon

@@ -49,4 +49,9 @@ int runRequest(const std::vector<std::string>& args, std::ostream& out, std::ost
 // needs --yes.
 int runSend(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
+// The sound show: the chosen patches of a bank file sent to the instrument's
+// edit buffer one an interval, with a chord on its arpeggiator when asked;
+// Ctrl+C ends it as Done does.
+int runShow(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
 }  // namespace quillon

@@ -1,6 +1,9 @@
 #include "app/CliMidi.h"
 
 #include "app/CliArguments.h"
+#include "app/CliCommands.h"
+#include "midi/MidiGlobal.h"
+#include "shell/AppModel.h"
 
 #include <cstdlib>
 
@@ -52,6 +55,37 @@ bool CliMidi::runUntil(const std::function<bool()>& finished, std::chrono::milli
         pump_.waitAndRun(left);
     }
     return true;
+}
+
+int prepareMidi(CliSession& session, CliMidi& midi, const MidiCommandOptions& options, bool needInput,
+                std::ostream& err)
+{
+    std::string error;
+    if (!midi.open(options.rate, error)) {
+        err << error << '\n';
+        return kExitBadData;
+    }
+    AppModel& model = session.model();
+    const auto output = CliMidi::findDevice(midi.system().outputDevices(), options.outDevice);
+    if (!output) {
+        err << "no MIDI output device " << options.outDevice << " (see quillon-cli ports)\n";
+        return kExitUsage;
+    }
+    model.settings.outputDevice = *output;
+    if (needInput) {
+        const auto input = CliMidi::findDevice(midi.system().inputDevices(), options.inDevice);
+        if (!input) {
+            err << "no MIDI input device " << options.inDevice << " (see quillon-cli ports)\n";
+            return kExitUsage;
+        }
+        model.settings.inputDevice = *input;
+    }
+    model.settings.outputChannel = options.channel;
+    if (!doInitMIDI(model)) {
+        err << session.host().firstProblem() << '\n';
+        return kExitBadData;
+    }
+    return kExitOk;
 }
 
 bool parseMidiOptions(const std::vector<std::string>& args, MidiCommandOptions& options, std::string& error)

@@ -58,4 +58,10 @@ struct MidiCommandOptions {
 // false with the reason in error.
 bool parseMidiOptions(const std::vector<std::string>& args, MidiCommandOptions& options, std::string& error);
 
+// Opens the MIDI system, chooses the devices and runs the start-up of the
+// ports, as the program does before its first send or request. Returns 0 or
+// the exit code, with the reason written to err.
+int prepareMidi(CliSession& session, CliMidi& midi, const MidiCommandOptions& options, bool needInput,
+                std::ostream& err);
+
 }  // namespace quillon

@@ -57,40 +57,6 @@ void writeDevices(std::ostream& out, std::string_view heading, const std::vector
         out << "  " << i << "  " << devices[i] << '\n';
 }
 
-// Opens the MIDI system, chooses the devices and runs the start-up of the
-// ports, as the program does before its first send or request. Returns 0 or
-// the exit code, with the reason written to err.
-int prepareMidi(CliSession& session, CliMidi& midi, const MidiCommandOptions& options, bool needInput,
-                std::ostream& err)
-{
-    std::string error;
-    if (!midi.open(options.rate, error)) {
-        err << error << '\n';
-        return kExitBadData;
-    }
-    AppModel& model = session.model();
-    const auto output = CliMidi::findDevice(midi.system().outputDevices(), options.outDevice);
-    if (!output) {
-        err << "no MIDI output device " << options.outDevice << " (see quillon-cli ports)\n";
-        return kExitUsage;
-    }
-    model.settings.outputDevice = *output;
-    if (needInput) {
-        const auto input = CliMidi::findDevice(midi.system().inputDevices(), options.inDevice);
-        if (!input) {
-            err << "no MIDI input device " << options.inDevice << " (see quillon-cli ports)\n";
-            return kExitUsage;
-        }
-        model.settings.inputDevice = *input;
-    }
-    model.settings.outputChannel = options.channel;
-    if (!doInitMIDI(model)) {
-        err << session.host().firstProblem() << '\n';
-        return kExitBadData;
-    }
-    return kExitOk;
-}
-
 // The last text of lblStatus, or empty.
 const std::pair<std::string, StatusColour>* lastStatus(const CliHost& host)
 {

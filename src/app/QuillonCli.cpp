@@ -32,6 +32,9 @@ constexpr std::string_view kUsage =
     "  send FILE [--out-port N] [--channel C] [--yes] [--timeout S]\n"
     "                                 sends the item of FILE to the Z1; replacing a bank\n"
     "                                 or settings needs --yes\n"
+    "  show BANK.syx --members LIST [--interval S] [--arp off|on|patch] [--pattern N] [--chords N]\n"
+    "       [--out-port N]            the sound show: the patches LIST (0-3,17) sent one every S\n"
+    "                                 seconds, a chord on the arpeggiator; Ctrl+C stops it\n"
     "Devices are numbers of 'ports' or a part of a name; --rate B sets the SysEx pace in\n"
     "bytes a second (3125, the speed of a MIDI cable, unless given). QUILLON_MIDI_API\n"
     "chooses the MIDI system: alsa, jack, coremidi, winmm or sim (a simulated Z1).\n"
@@ -72,6 +75,8 @@ int main(int argc, char** argv)
         return quillon::runRequest(args, std::cout, std::cerr);
     if (command == "send")
         return quillon::runSend(args, std::cout, std::cerr);
+    if (command == "show")
+        return quillon::runShow(args, std::cout, std::cerr);
     std::cerr << kUsage;
     return quillon::kExitUsage;
 }

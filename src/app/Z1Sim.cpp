@@ -58,6 +58,11 @@ The front panel, over MIDI (any channel):
   controller 119, value 127      reports the notes it has been played, as
                                  F0 7D 01, then per note: 1 on or 0 off,
                                  channel 0-15, key, velocity; then F7
+  controller 119, value 126      the same with the time of each note, as
+                                 F0 7D 02, then per note the four bytes
+                                 above and the milliseconds since z1sim
+                                 started in four bytes of seven bits, the
+                                 lowest first; then F7
 
 It runs until interrupted (SIGINT or SIGTERM).
 )";
@@ -65,8 +70,10 @@ It runs until interrupted (SIGINT or SIGTERM).
 // The front panel's controller and the answer to a question for notes.
 constexpr int kPanelController = 119;
 constexpr int kPanelNotes = 127;
+constexpr int kPanelTimedNotes = 126;
 constexpr std::uint8_t kNonCommercialId = 0x7D;
 constexpr std::uint8_t kNotesReport = 0x01;
+constexpr std::uint8_t kTimedNotesReport = 0x02;
 
 constexpr int kInputBufferBytes = 200000;
 
@@ -280,14 +287,15 @@ private:
         const int kind = status & 0xF0;
         if (kind == 0x90 || kind == 0x80) {
             z1_.receiveShort(status, data1, data2);
-            const bool on = kind == 0x90 && data2 > 0;
-            std::cout << (on ? "note on " : "note off ") << data1 << " " << data2 << std::endl;
+            const PlayedNote& note = z1_.notes().back();
+            std::cout << (note.on() ? "note on " : "note off ") << data1 << " " << data2 << " at "
+                      << note.time << " ms" << std::endl;
             return;
         }
         if (kind == 0xB0 && data1 == kPanelController) {
-            if (data2 == kPanelNotes) {
+            if (data2 == kPanelNotes || data2 == kPanelTimedNotes) {
                 std::cout << "panel: notes reported" << std::endl;
-                play({notesReport()});
+                play({notesReport(data2 == kPanelTimedNotes)});
             } else if (data2 < static_cast<int>(dumpRequests().size())) {
                 const SysExMessage dump = z1_.dumpFor(data2);
                 std::cout << "panel: sent " << dumpRequests()[static_cast<std::size_t>(data2)].label << " "
@@ -299,15 +307,16 @@ private:
         std::cout << "ignored message " << std::hex << status << std::dec << std::endl;
     }
 
-    SysExMessage notesReport() const
+    SysExMessage notesReport(bool timed) const
     {
-        SysExMessage report{0xF0, kNonCommercialId, kNotesReport};
+        SysExMessage report{0xF0, kNonCommercialId, timed ? kTimedNotesReport : kNotesReport};
         for (const PlayedNote& note : z1_.notes()) {
-            const bool on = (note.status & 0xF0) == 0x90 && note.velocity > 0;
-            report.push_back(on ? 1 : 0);
+            report.push_back(note.on() ? 1 : 0);
             report.push_back(static_cast<std::uint8_t>(note.status & 0x0F));
             report.push_back(static_cast<std::uint8_t>(note.key & 0x7F));
             report.push_back(static_cast<std::uint8_t>(note.velocity & 0x7F));
+            for (int shift = 0; timed && shift < 28; shift += 7)
+                report.push_back(static_cast<std::uint8_t>((note.time >> shift) & 0x7F));
         }
         report.push_back(0xF7);
         return report;

@@ -248,6 +248,13 @@ bool doSendArpBank(AppModel& model)
     return sendDump(model, kArpBank, "Sending Arpeggiator Bank (please wait)", "Arpeggiator Bank has been sent");
 }
 
+void sendWholeMessage(AppModel& model, const SysExMessage& message)
+{
+    if (!model.midi.attached())
+        return;
+    sendWhole(model, message);
+}
+
 bool miscSend(AppModel& model)
 {
     MiscDump& misc = model.misc;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sysex/SysExBytes.h"
+
 namespace quillon {
 
 class AppModel;
@@ -18,6 +20,10 @@ bool doSendPattern(AppModel& model);
 bool doSendBank(AppModel& model);       // the bank of bankTarget
 bool doSendMultiBank(AppModel& model);  // the multi bank of multiMode
 bool doSendArpBank(AppModel& model);
+
+// One SysEx message, F0 to F7, queued whole on the output and started; the
+// output's done event tells of the end.
+void sendWholeMessage(AppModel& model, const SysExMessage& message);
 
 // frmMisc's Send: the dump of several kinds loaded from a file, after its
 // question. Returns whether it was sent (frmMisc is then unloaded).

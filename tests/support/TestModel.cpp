@@ -1,5 +1,7 @@
 #include "support/TestModel.h"
 
+#include "banks/BankView.h"
+
 #include <atomic>
 #include <random>
 #include <string>
@@ -23,6 +25,15 @@ TempFolder::~TempFolder()
     std::filesystem::permissions(path_, std::filesystem::perms::owner_all, std::filesystem::perm_options::add,
                                  ignored);
     std::filesystem::remove_all(path_, ignored);
+}
+
+void selectBankPatches(AppModel& model, int bank, const std::vector<int>& places)
+{
+    model.bankTarget = bank;
+    fraBankLabelsSetUp(model, bank, 3);
+    for (int place : places)
+        model.banks.selection(bank).selectionFlags[static_cast<std::size_t>(place)] = -1;
+    bankSelectSequence(model);
 }
 
 }  // namespace quillon

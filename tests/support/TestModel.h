@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace quillon {
 
@@ -32,6 +33,10 @@ struct TestModel {
     TempFolder folder;
     AppModel model{host, store, folder.path()};
 };
+
+// The bank view's selection of a PatchBank made of these places, as the
+// user's clicks leave it: flags set, the sequence ascending.
+void selectBankPatches(AppModel& model, int bank, const std::vector<int>& places);
 
 // Records the notifications of the model.
 class RecordingObserver : public AppObserver {

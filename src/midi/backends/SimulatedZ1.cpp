@@ -9,6 +9,8 @@
 #include "sysex/SysExPacking.h"
 
 #include <algorithm>
+#include <chrono>
+#include <map>
 
 namespace quillon {
 
@@ -153,7 +155,13 @@ Taken takeDump(std::span<const std::uint8_t> message, Z1Memory& memory)
 
 }  // namespace
 
-SimulatedZ1::SimulatedZ1(int globalChannel) : globalChannel_(globalChannel), memory_(z1FactoryMemory()) {}
+SimulatedZ1::SimulatedZ1(int globalChannel) : globalChannel_(globalChannel), memory_(z1FactoryMemory())
+{
+    const auto madeAt = std::chrono::steady_clock::now();
+    clock_ = [madeAt] {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - madeAt).count();
+    };
+}
 
 std::vector<SysExMessage> SimulatedZ1::receiveSysEx(std::span<const std::uint8_t> message)
 {
@@ -182,7 +190,19 @@ void SimulatedZ1::receiveShort(int status, int data1, int data2)
 {
     const int type = status & 0xF0;
     if (type == 0x90 || type == 0x80)
-        notes_.push_back({status, data1, data2});
+        notes_.push_back({status, data1, data2, clock_ ? clock_() : 0});
+}
+
+std::vector<SoundingKey> SimulatedZ1::sounding() const
+{
+    std::map<SoundingKey, bool> held;
+    for (const PlayedNote& note : notes_)
+        held[{(note.status & 0x0F) + 1, note.key}] = note.on();
+    std::vector<SoundingKey> keys;
+    for (const auto& [key, on] : held)
+        if (on)
+            keys.push_back(key);
+    return keys;
 }
 
 bool SimulatedZ1::load(std::span<const std::uint8_t> message)

@@ -4,17 +4,30 @@
 #include "sysex/SysExBytes.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
 
 namespace quillon {
 
-// A note the simulated instrument was played.
+// A note the simulated instrument was played, and when.
 struct PlayedNote {
     int status;  // 0x90 note on or 0x80 note off, with the channel
     int key;
     int velocity;
+    std::int64_t time = 0;  // milliseconds on the instrument's clock
+
+    // A note on with a velocity above 0; anything else releases the key.
+    bool on() const { return (status & 0xF0) == 0x90 && velocity > 0; }
+};
+
+// A key held down: channel 1 to 16 and key number.
+struct SoundingKey {
+    int channel;
+    int key;
+    bool operator==(const SoundingKey&) const = default;
+    auto operator<=>(const SoundingKey&) const = default;
 };
 
 // The memory of the simulated instrument, packed as the Z1 sends it: the
@@ -53,8 +66,12 @@ public:
     // One whole SysEx message in; the messages the instrument sends back
     // (none for a message not on its channel or not for a Z1).
     std::vector<SysExMessage> receiveSysEx(std::span<const std::uint8_t> message);
-    // A short message in (notes are recorded).
+    // A short message in (notes are recorded with the time of the clock).
     void receiveShort(int status, int data1, int data2);
+
+    // The instrument's clock in milliseconds; unless set, the time since
+    // the instrument was made.
+    void setClock(std::function<std::int64_t()> clock) { clock_ = std::move(clock); }
 
     // Puts the items of a dump into memory as if it had been sent, without
     // an answer; false when it is no dump the instrument takes.
@@ -66,6 +83,8 @@ public:
 
     const Z1Memory& memory() const { return memory_; }
     const std::vector<PlayedNote>& notes() const { return notes_; }
+    // The keys whose last note was a note on, by channel and key.
+    std::vector<SoundingKey> sounding() const;
     // Every SysEx message taken in, in order.
     const std::vector<SysExMessage>& received() const { return received_; }
 
@@ -74,6 +93,7 @@ private:
     bool bankAAsAllProgram_ = false;
     Z1Memory memory_;
     std::vector<PlayedNote> notes_;
+    std::function<std::int64_t()> clock_;
     std::vector<SysExMessage> received_;
 };
 

@@ -2,9 +2,9 @@
 
 namespace quillon {
 
-QtTimer::QtTimer()
+QtTimer::QtTimer(const char* name)
 {
-    timer_.setObjectName("TimerMain");
+    timer_.setObjectName(name);
     QObject::connect(&timer_, &QTimer::timeout, [this] {
         // The tick may change the interval or stop the timer; a copy keeps
         // the routine alive while it runs even if a new one is set.

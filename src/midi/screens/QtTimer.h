@@ -9,11 +9,12 @@
 
 namespace quillon {
 
-// A timer of the main form over the toolkit's timer: TimerMain of the test
-// tone. It ticks on the thread of the user interface while enabled.
+// A timer of a form over the toolkit's timer: TimerMain of the test tone,
+// AutoTimer and miniTimer of the sound show. It ticks on the thread of the
+// user interface while enabled; its name is the toolkit timer's objectName.
 class QtTimer : public Timer {
 public:
-    QtTimer();
+    explicit QtTimer(const char* name = "TimerMain");
 
     void setTick(std::function<void()> tick) override;
     void setInterval(int milliseconds) override;

@@ -1,5 +1,6 @@
 #include "shell/screens/frmMain.h"
 
+#include "autosend/screens/frmAutoSend.h"
 #include "banks/BankExchange.h"
 #include "banks/BankFind.h"
 #include "banks/BankMenus.h"
@@ -303,6 +304,8 @@ void frmMain::wireBankCommands()
     bankScreen_->setCommand("mnuProperties", [&m, element1] { showBankPatchProperties(m, element1()); });
     bankScreen_->setCommand("mnuSelectAll", [&m] { mnuSelectAll(m); });
     bankScreen_->setCommand("mnuDeselectAll", [&m] { mnuDeselectAll(m); });
+    for (const char* item : {"mnuAutoSend1", "mnuAutoSend2"})
+        bankScreen_->setCommand(item, [this] { showAutoSendForm(model_, model_.bankTarget, this); });
     wireReorderCommands();
 }
 

@@ -389,6 +389,45 @@ TEST(SimulatedZ1, RecordsNotesAndNothingElse)
     EXPECT_EQ(z1.notes()[1].velocity, 40);
 }
 
+TEST(SimulatedZ1, NotesCarryTheTimeOfItsClock)
+{
+    SimulatedZ1 z1(1);
+    std::int64_t now = 1500;
+    z1.setClock([&now] { return now; });
+    z1.receiveShort(0x90, 60, 100);
+    now = 2750;
+    z1.receiveShort(0x80, 60, 40);
+    ASSERT_EQ(z1.notes().size(), 2u);
+    EXPECT_EQ(z1.notes()[0].time, 1500);
+    EXPECT_EQ(z1.notes()[1].time, 2750);
+}
+
+TEST(SimulatedZ1, ItsOwnClockRunsFromWhenItWasMade)
+{
+    SimulatedZ1 z1(1);
+    z1.receiveShort(0x90, 60, 100);
+    z1.receiveShort(0x90, 64, 100);
+    ASSERT_EQ(z1.notes().size(), 2u);
+    EXPECT_GE(z1.notes()[0].time, 0);
+    EXPECT_LE(z1.notes()[0].time, z1.notes()[1].time);
+}
+
+TEST(SimulatedZ1, KeysSoundUntilANoteOffOrANoteOnOfVelocityZero)
+{
+    SimulatedZ1 z1(1);
+    z1.receiveShort(0x90, 60, 100);
+    z1.receiveShort(0x90, 64, 100);
+    z1.receiveShort(0x91, 60, 100);
+    z1.receiveShort(0x90, 67, 100);
+    z1.receiveShort(0x90, 60, 100);
+    z1.receiveShort(0x80, 60, 40);
+    z1.receiveShort(0x90, 64, 0);
+    EXPECT_EQ(z1.sounding(), (std::vector<SoundingKey>{{1, 67}, {2, 60}}));
+    z1.receiveShort(0x80, 67, 40);
+    z1.receiveShort(0x81, 60, 40);
+    EXPECT_TRUE(z1.sounding().empty());
+}
+
 TEST(SimulatedZ1, SeededPatchesHaveVariedReadableNames)
 {
     const Z1Memory& m = z1FactoryMemory();

@@ -168,6 +168,17 @@ std::optional<SysExMessage> JackRig::newestSaved(const std::string& kind) const
     return SysExMessage{std::istreambuf_iterator<char>(file), {}};
 }
 
+std::vector<SysExMessage> JackRig::lastSaved(const std::string& kind, int count) const
+{
+    const auto files = savedFiles(kind);
+    std::vector<SysExMessage> messages;
+    for (std::size_t i = files.size() - std::min(files.size(), static_cast<std::size_t>(count)); i < files.size(); ++i) {
+        std::ifstream file(files[i], std::ios::binary);
+        messages.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    }
+    return messages;
+}
+
 int JackRig::savedCount(const std::string& kind) const { return static_cast<int>(savedFiles(kind).size()); }
 
 }  // namespace quillon

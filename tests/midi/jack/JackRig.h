@@ -86,6 +86,8 @@ struct JackRig : ::testing::Test {
 
     // The newest file z1sim saved for a kind of dump ("bank-a"), if any.
     std::optional<SysExMessage> newestSaved(const std::string& kind) const;
+    // The newest `count` files saved for a kind, oldest first.
+    std::vector<SysExMessage> lastSaved(const std::string& kind, int count) const;
     int savedCount(const std::string& kind) const;
 };
 

@@ -41,7 +41,7 @@ QString readResource(const QString& path)
 
 // The help contexts the program's Help buttons and boxes use.
 const std::set<int> kProgramContexts = {1,   2,   65,  66,  70,  101, 110, 115, 140, 145,
-                                        150, 220, 245, 260, 300, 310, 345, 350, 355};
+                                        150, 170, 220, 245, 260, 300, 310, 345, 350, 355};
 
 // Every help context number written in the program's sources: the
 // constants and fields named for help, the numbers given to
