@@ -180,7 +180,7 @@ void selectBlockOption(AppModel& model, int index)
 void clickArpParamName(AppModel& model, int row)
 {
     ArpEditorState& state = stateOf(model);
-    if (state.StepCopyMode != kCopySingleParam || row < kFirstStepRow || row > kArpRows)
+    if (state.StepCopyMode != kCopySingleParam || row < kFirstStepRow || row > kArpParamRows)
         return;
     state.SingleParamRow = row;
     showCopyModeMarks(model);

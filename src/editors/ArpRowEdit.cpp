@@ -7,7 +7,7 @@ namespace quillon {
 
 namespace {
 
-bool isArpRow(int row) { return row >= 1 && row <= kArpRows; }
+bool isArpRow(int row) { return row >= 1 && row <= kArpParamRows; }
 
 }  // namespace
 

@@ -28,7 +28,7 @@ void buildRows(AppModel& model)
 {
     ArpScreenView& view = model.arpScreen;
     const auto& rows = paramTables().arp;
-    for (int row = 1; row <= kArpRows; ++row) {
+    for (int row = 1; row <= kArpParamRows; ++row) {
         const int param = row < kFirstStepRow ? kPatternRowParams[row - 1]
                                               : stepParam(1, row - kFirstStepRow + kFirstStepParamColumn);
         view.ArpRowParam[static_cast<std::size_t>(row)] = param;
@@ -100,10 +100,10 @@ void arpShowStep(AppModel& model, bool reset)
         model.changed(kPatternGridChanged);
     }
     state.StepCurrent = state.StepNum;
-    for (int row = kFirstStepRow; row <= kArpRows; ++row)
+    for (int row = kFirstStepRow; row <= kArpParamRows; ++row)
         view.ArpRowParam[static_cast<std::size_t>(row)] =
             stepParam(state.StepCurrent, row - kFirstStepRow + kFirstStepParamColumn);
-    for (int row = 1; row <= kArpRows; ++row)
+    for (int row = 1; row <= kArpParamRows; ++row)
         showRow(model, row);
     model.changed(kPatternRowsChanged);
 }
@@ -135,7 +135,7 @@ void showCopyModeMarks(AppModel& model)
         const bool marked = mode == kCopyTonesOnly || (mode == kCopySingleTone && tone == state.SingleTone);
         view.toneNumColour[static_cast<std::size_t>(tone)] = marked ? kMarkedToneColour : kButtonFaceColour;
     }
-    for (int row = 1; row <= kArpRows; ++row) {
+    for (int row = 1; row <= kArpParamRows; ++row) {
         const bool marked = row >= kFirstStepRow && (mode == kCopyParamsOnly ||
                                                      (mode == kCopySingleParam && row == state.SingleParamRow));
         view.rowNameColour[static_cast<std::size_t>(row)] = marked ? kMarkedParamNameColour : kParamNameColour;

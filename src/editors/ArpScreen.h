@@ -20,7 +20,7 @@ class AppModel;
 // observers kPatternGridChanged (boxes and markers) or kPatternRowsChanged
 // (everything else).
 
-inline constexpr int kArpRows = 13;           // ArpRowParam[1..13]
+inline constexpr int kArpParamRows = 13;      // ArpRowParam[1..13]
 inline constexpr int kPatternLengthRow = 7;   // the row of "Pattern Length"
 inline constexpr int kFirstStepRow = 10;      // rows 10 to 13: the step on show
 
@@ -55,10 +55,10 @@ struct ArpScreenView {
     std::array<ToneBoxView, kToneBoxes> chkTone;
     std::array<StepMarkerView, kArpSteps + 1> lblStepMarker;  // 1 to 36
 
-    std::array<int, kArpRows + 1> ArpRowParam{};        // the parameter of each row, 1 to 13
-    std::array<std::string, kArpRows + 1> rowName;      // lblArpParamName
-    std::array<ValueBox, kArpRows + 1> rows;            // txtArpParamVal, updArpParamVal, lblArpParamDecode
-    std::array<ColourScheme, kArpRows + 1> rowNameColour;
+    std::array<int, kArpParamRows + 1> ArpRowParam{};        // the parameter of each row, 1 to 13
+    std::array<std::string, kArpParamRows + 1> rowName;      // lblArpParamName
+    std::array<ValueBox, kArpParamRows + 1> rows;            // txtArpParamVal, updArpParamVal, lblArpParamDecode
+    std::array<ColourScheme, kArpParamRows + 1> rowNameColour;
     std::array<ColourScheme, kArpTones> toneNumColour;  // lblToneNum(0..9)
 
     std::string txtStepNum = "1";    // shows updStepNum

@@ -39,7 +39,7 @@ TEST(ArpScreen, FirstEntryMakesTheRowsFromTheTableAndShowsStepOne)
     EXPECT_TRUE(v.built);
     EXPECT_TRUE(v.setUp);
     const int params[] = {0, 19, 20, 21, 22, 25, 28, 30, 31, 32, 43, 44, 45, 46};
-    for (int row = 1; row <= kArpRows; ++row) {
+    for (int row = 1; row <= kArpParamRows; ++row) {
         EXPECT_EQ(v.ArpRowParam[static_cast<std::size_t>(row)], params[row]) << row;
         EXPECT_EQ(v.rowName[static_cast<std::size_t>(row)], paramTables().arp[static_cast<std::size_t>(params[row])].name);
     }

@@ -275,7 +275,7 @@ QWidget* ArpEditorScreen::buildCurrent(QWidget* canvas)
             [this](const QString& text) { changeStepNum(model_, text.toStdString()); });
     connect(stepNumSpin_, &SpinArrows::stepped, this, [this](bool up) { spinStepNum(model_, up); });
 
-    for (int row = kFirstStepRow; row <= kArpRows; ++row)
+    for (int row = kFirstStepRow; row <= kArpParamRows; ++row)
         buildRow(row, box, kRowTop + (row - kFirstStepRow + 1) * kRowPitch);
 
     const int targetTop = kRowTop + 5 * kRowPitch + 120;
@@ -373,7 +373,7 @@ bool ArpEditorScreen::eventFilter(QObject* watched, QEvent* event)
         doubleClickStepCount(model_);
         return true;
     }
-    for (int row = 1; row <= kArpRows; ++row) {
+    for (int row = 1; row <= kArpParamRows; ++row) {
         if (watched == rows_[static_cast<std::size_t>(row)].value) {
             editArpRow(model_, row, [](AppModel& m, ValueBox& b) { return doubleClickValueBox(m, b); });
             return true;
@@ -439,7 +439,7 @@ void ArpEditorScreen::mirrorRows()
 {
     const ArpScreenView& view = model_.arpScreen;
     const ArpEditorState& state = model_.buffers.arpEditor;
-    for (int row = 1; row <= kArpRows; ++row)
+    for (int row = 1; row <= kArpParamRows; ++row)
         mirrorRow(row);
     showRowValue(stepNum_, stepNumSpin_, QString::fromStdString(view.txtStepNum), state.StepNum, 1, kArpSteps);
     showRowValue(stepCount_, stepCountSpin_, QString::fromStdString(view.txtStepCount), state.StepTarget, 1,

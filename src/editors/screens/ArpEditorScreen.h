@@ -71,7 +71,7 @@ private:
     std::array<ToneBox*, kToneBoxes> boxes_{};
     std::array<ClickLabel*, kArpSteps + 1> markers_{};
     std::array<ClickLabel*, kArpTones> toneNums_{};
-    std::array<RowControls, kArpRows + 1> rows_;
+    std::array<RowControls, kArpParamRows + 1> rows_;
     QLineEdit* stepNum_ = nullptr;    // txtStepNum
     SpinArrows* stepNumSpin_ = nullptr;
     QLineEdit* stepCount_ = nullptr;  // txtStepCount
