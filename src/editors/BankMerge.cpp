@@ -1,6 +1,7 @@
 #include "editors/BankMerge.h"
 
 #include "editors/ItemStatus.h"
+#include "editors/ScreenLayout.h"
 #include "files/LoadFlow.h"
 #include "files/SuggestedNames.h"
 #include "model/Kind.h"
@@ -206,6 +207,29 @@ void mergeNextSubsection(AppModel& model)
     model.changed(kBanksChanged);
     tagMergedName(model, "S", number);
 }
+
+std::string bankPatchSelGroupText(const AppModel& model)
+{
+    return std::string(patchGroup(model.merge.BankGroupNext).caption);
+}
+
+std::string bankPatchSelSSText(const AppModel& model) { return std::to_string(model.merge.BankSubsectionNext); }
+
+void setBankGroupNext(AppModel& model, int group)
+{
+    model.merge.BankGroupNext = std::clamp(group, 0, kMergeGroups - 1);
+    model.changed(kBanksChanged);
+}
+
+void setBankSubsectionNext(AppModel& model, int subsection)
+{
+    model.merge.BankSubsectionNext = std::clamp(subsection, 1, kLastMergedSubsection);
+    model.changed(kBanksChanged);
+}
+
+void doubleClickBankPatchSelGroup(AppModel& model) { setBankGroupNext(model, 0); }
+
+void doubleClickBankPatchSelSS(AppModel& model) { setBankSubsectionNext(model, 1); }
 
 void tagMergedName(AppModel& model, std::string_view tag, int number)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace quillon {
@@ -65,6 +66,18 @@ void mergeFromBank(AppModel& model, int place, int code);
 void mergeNextGroup(AppModel& model);
 // "bps": the next subsection, with a name ending in its number and "S".
 void mergeNextSubsection(AppModel& model);
+
+// The copy tools beside the bank: txtBankPatchSelGroup shows the name of
+// the group the next Quick Merge takes (from the captions of lblGroup) and
+// txtBankPatchSelSS the subsection of the next Slow Merge; their spin
+// controls set them within 0 to 8 and 1 to 50, and a double click on a box
+// sets it back to the start.
+std::string bankPatchSelGroupText(const AppModel& model);
+std::string bankPatchSelSSText(const AppModel& model);
+void setBankGroupNext(AppModel& model, int group);
+void setBankSubsectionNext(AppModel& model, int subsection);
+void doubleClickBankPatchSelGroup(AppModel& model);
+void doubleClickBankPatchSelSS(AppModel& model);
 
 // Marks the merged patch: the first 12 characters of its name, a blank,
 // the number in two digits and the tag letter, shown and used for the

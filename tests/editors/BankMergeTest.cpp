@@ -196,6 +196,23 @@ TEST(BankMerge, WithoutASelectedPatchTheKeysMergeNothing)
     EXPECT_EQ(t.current(), before);
 }
 
+TEST(BankMerge, CopyToolsShowTheNextGroupAndSubsectionAndDoubleClicksStartAgain)
+{
+    MergeEditor t;
+    EXPECT_EQ(bankPatchSelGroupText(t.model), "Common");
+    EXPECT_EQ(bankPatchSelSSText(t.model), "1");
+    mergeFromBank(t.model, kPlace, kMergeFirstGroup + 2);  // LFO
+    EXPECT_EQ(bankPatchSelGroupText(t.model), "OSC");
+    setBankSubsectionNext(t.model, 99);
+    EXPECT_EQ(bankPatchSelSSText(t.model), "50");
+    setBankGroupNext(t.model, 9);
+    EXPECT_EQ(bankPatchSelGroupText(t.model), "Controls");
+    doubleClickBankPatchSelGroup(t.model);
+    doubleClickBankPatchSelSS(t.model);
+    EXPECT_EQ(t.model.merge.BankGroupNext, 0);
+    EXPECT_EQ(t.model.merge.BankSubsectionNext, 1);
+}
+
 TEST(BankMerge, AnEmptyTagLeavesTheName)
 {
     MergeEditor t;
