@@ -1,5 +1,6 @@
 #include "editors/BankMerge.h"
 
+#include "banks/BankView.h"
 #include "editors/ItemStatus.h"
 #include "editors/ScreenLayout.h"
 #include "files/LoadFlow.h"
@@ -176,13 +177,17 @@ void mergeFromBank(AppModel& model, int place, int code)
     } else if (code == kMergeCss) {
         model.merge.BankSubsectionNext = css >= kLastMergedSubsection ? 1 : css + 1;
     }
-    model.changed(kBanksChanged);
+    model.changed(kBankViewChanged);
 }
+
+void mergeFromBankPopup(AppModel& model, int code) { mergeFromBank(model, selectedPlace(model), code); }
 
 void mergeNextGroup(AppModel& model)
 {
-    if (!patchSelected(model))
+    if (!patchSelected(model)) {
+        bankSelectSequence(model);
         return;
+    }
     AppModel::Batch batch(model);
     const int number = model.merge.BankGroupNext + 1;
     mergeFromBank(model, selectedPlace(model), model.merge.BankGroupNext + kMergeFirstGroup);
@@ -192,8 +197,10 @@ void mergeNextGroup(AppModel& model)
 
 void mergeNextSubsection(AppModel& model)
 {
-    if (!patchSelected(model))
+    if (!patchSelected(model)) {
+        bankSelectSequence(model);
         return;
+    }
     AppModel::Batch batch(model);
     showPatchScreen(model);
     prepareImage(model);
@@ -204,7 +211,7 @@ void mergeNextSubsection(AppModel& model)
     copyBytes(model.banks.readBankPatch(bank, place), model.itemImage(kPatch), subsectionBytes(number));
     takeMergedImage(model);
     model.merge.BankSubsectionNext = number >= kLastMergedSubsection ? 1 : number + 1;
-    model.changed(kBanksChanged);
+    model.changed(kBankViewChanged);
     tagMergedName(model, "S", number);
 }
 
@@ -218,13 +225,13 @@ std::string bankPatchSelSSText(const AppModel& model) { return std::to_string(mo
 void setBankGroupNext(AppModel& model, int group)
 {
     model.merge.BankGroupNext = std::clamp(group, 0, kMergeGroups - 1);
-    model.changed(kBanksChanged);
+    model.changed(kBankViewChanged);
 }
 
 void setBankSubsectionNext(AppModel& model, int subsection)
 {
     model.merge.BankSubsectionNext = std::clamp(subsection, 1, kLastMergedSubsection);
-    model.changed(kBanksChanged);
+    model.changed(kBankViewChanged);
 }
 
 void doubleClickBankPatchSelGroup(AppModel& model) { setBankGroupNext(model, 0); }

@@ -61,8 +61,14 @@ inline constexpr const char* kCopyAllExceptCaption = "Copy All except..";  // mn
 // group or subsection the keys merge next moves on after a merge of one.
 void mergeFromBank(AppModel& model, int place, int code);
 
+// A Copy item of the bank patch popup: the patch under the popup is element
+// 1 of the selection sequence of the bank on show, as for every command of
+// that popup.
+void mergeFromBankPopup(AppModel& model, int code);
+
 // "bpg": the next group of the patch selected in the bank on show, the
-// patch screen, and a name ending in the group's number and "Q".
+// patch screen, and a name ending in the group's number and "Q". With no
+// patch selected the bank's selection is gathered again instead.
 void mergeNextGroup(AppModel& model);
 // "bps": the next subsection, with a name ending in its number and "S".
 void mergeNextSubsection(AppModel& model);

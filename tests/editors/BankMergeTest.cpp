@@ -84,6 +84,17 @@ TEST(BankMerge, PopupCopyItemsCarryTheirCodes)
     EXPECT_EQ(items[19].code, 19);
 }
 
+TEST(BankMerge, PopupCopyItemTakesThePatchUnderThePopup)
+{
+    MergeEditor t;
+    // A right click with nothing selected puts the patch in element 1 alone.
+    t.model.banks.selection(kPatchBankA).selectionSequence[1] = kPlace;
+    mergeFromBankPopup(t.model, kMergeFirstGroup + 1);  // "Copy EG"
+    for (int byte = 26; byte <= 101; ++byte)
+        EXPECT_EQ(t.editorByte(byte), t.bankByte(byte)) << byte;
+    EXPECT_EQ(t.model.merge.BankGroupNext, 2);
+}
+
 TEST(BankMerge, GroupAndSubsectionBytes)
 {
     EXPECT_EQ(groupBytes(1).first, 17);
@@ -187,13 +198,23 @@ TEST(BankMerge, SlowMergeTakesTheNextSubsectionAndStartsAgainAfterFifty)
     EXPECT_FALSE(t.model.flags.clean[kPatch]);
 }
 
-TEST(BankMerge, WithoutASelectedPatchTheKeysMergeNothing)
+TEST(BankMerge, WithoutASelectedPatchTheKeysGatherTheSelectionAndMergeNothing)
 {
     MergeEditor t;
     const ParamValues before = t.current();
+    // A flag set without the sequence built: the key gathers it first.
+    t.model.banks.selection(kPatchBankA).selectionFlags[kPlace] = -1;
     mergeNextGroup(t.model);
-    mergeNextSubsection(t.model);
     EXPECT_EQ(t.current(), before);
+    EXPECT_EQ(t.model.banks.selection(kPatchBankA).selectionCount, 1);
+    EXPECT_EQ(t.model.banks.selection(kPatchBankA).selectionSequence[1], kPlace);
+    mergeNextGroup(t.model);
+    EXPECT_EQ(nameFromParams(t.current()), "Editor Patch 01Q");
+
+    t.model.banks.selection(kPatchBankA) = BankSelection{};
+    const ParamValues merged = t.current();
+    mergeNextSubsection(t.model);
+    EXPECT_EQ(t.current(), merged);
 }
 
 TEST(BankMerge, CopyToolsShowTheNextGroupAndSubsectionAndDoubleClicksStartAgain)
