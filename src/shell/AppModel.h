@@ -3,6 +3,8 @@
 #include "banks/BankStore.h"
 #include "banks/BankView.h"
 #include "editors/ArpScreen.h"
+#include "editors/BankMerge.h"
+#include "editors/CopySpecial.h"
 #include "editors/EditBuffers.h"
 #include "editors/EnvelopeGraph.h"
 #include "editors/KindFlags.h"
@@ -75,6 +77,8 @@ public:
     EnvelopeGraph envelope;        // fraEnvelope of the patch screen
     ArpScreenView arpScreen;       // the arpeggiator screen: grid, rows, step boxes, pattern list
     BankViewState bankView;        // the grid of the bank view and the Undo items
+    CopyBuffer copyBuffer;         // what Copy Special took, for Paste Special
+    MergeState merge;              // where the merges from a bank patch go next
 
     // The unpacked image of the patch, multiset and pattern, by Kind; the
     // banks keep theirs in the bank store.

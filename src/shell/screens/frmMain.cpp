@@ -13,9 +13,12 @@
 #include "banks/TakeFromBank.h"
 #include "banks/screens/BankScreen.h"
 #include "banks/screens/frmFind.h"
+#include "editors/BankMerge.h"
+#include "editors/CopySpecial.h"
 #include "editors/Frames.h"
 #include "editors/ItemStatus.h"
 #include "editors/ModSources.h"
+#include "editors/SubsectionActions.h"
 #include "editors/screens/ArpEditorScreen.h"
 #include "editors/screens/EditorScreens.h"
 #include "editors/screens/EditorWidgets.h"
@@ -47,6 +50,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QShortcut>
@@ -275,6 +279,15 @@ void frmMain::wireCommands()
     auto* tidy = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_T), this);
     tidy->setObjectName("shortcutTidyUpPatch");
     connect(tidy, &QShortcut::activated, this, [&m] { tidyUpPatch(m); });
+    for (const SubsectionItem& item : subsectionItems()) {
+        const int number = item.number;
+        setCommand(QString::fromUtf8(item.name.data(), static_cast<qsizetype>(item.name.size())),
+                   [&m, number] { subsectionCommand(m, number); });
+    }
+    setCommand("mnuCopySpecial", [&m] { copySpecial(m); });
+    setCommand("mnuPasteSpecial", [&m] { pasteSpecial(m); });
+    setCommand("tlbMain_bpg", [&m] { mergeNextGroup(m); });
+    setCommand("tlbMain_bps", [&m] { mergeNextSubsection(m); });
     setCommand("mnuHelpContents", [] { doHelpShowThis(1); });
     setCommand("mnuHelpIndex", [] { doHelpShowThis(2); });
     setCommand("mnuHelpFAQ", [&m] { openFaqPage(m); });
@@ -395,6 +408,10 @@ void frmMain::refresh(unsigned changes)
             action(QString("tlbMain_") + key)->setChecked(toolbarButtonDown(model_, key));
         action("mnuShowPatchSectionsTree")->setChecked(toolbarButtonDown(model_, "spst"));
         action("mnuShowPatchSectionsGroup")->setChecked(toolbarButtonDown(model_, "spsg"));
+        const ScreenMenus& menus = model_.layout.menus;
+        findChild<QMenu*>("mnuSubsection")->menuAction()->setEnabled(menus.mnuSubsection);
+        action("mnuCopySpecial")->setEnabled(menus.mnuCopySpecial);
+        action("mnuPasteSpecial")->setEnabled(menus.mnuPasteSpecial);
     }
 }
 
