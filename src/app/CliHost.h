@@ -32,6 +32,7 @@ public:
     std::optional<std::string> chooseOpenFile(const FileDialogRequest& request) override;
     std::optional<std::string> chooseSaveFile(const FileDialogRequest& request) override;
     void setStatus(const std::string& text, StatusColour colour) override;
+    using Host::setMessage;
     void setMessage(const std::string&) override {}
     void setBusy(bool) override {}
 };

@@ -38,7 +38,7 @@ ValueNote showValueNote(AppModel& model, const ValueBox& box)
     if (table == kDestinationTable) {
         note.kind = ValueNoteKind::Destination;
         note.text = showParamName(model, boxNumber(box.text));
-        model.host().setMessage(note.text);
+        model.host().setMessage(note.text, StatusColour::Destination);
     } else if (table >= kFirstTimbreTable && table <= kLastTimbreTable && box.kind == kMultiset) {
         note.timbre = timbreOfParam(box.param);
         if (refreshTimbreOfParam(model, box.param))

@@ -34,7 +34,7 @@ struct FileDialogRequest {
 
 // Colours of lblStatus as the program has always numbered them, blue in the
 // high byte and red in the low: busy is orange, done green, error dark red.
-enum class StatusColour : int { Busy = 16576, Done = 32768, Error = 192 };
+enum class StatusColour : int { Busy = 16576, Done = 32768, Error = 192, Destination = 32768 };
 
 // The shared Dialog of the bank commands in mode 1 (where a patch goes), 4
 // (a multiset) or 5 (a pattern): the names it shows and where it starts.
@@ -71,6 +71,13 @@ public:
     // lblStatus, with its colour, and lblMessage.
     virtual void setStatus(const std::string& text, StatusColour colour) = 0;
     virtual void setMessage(const std::string& text) = 0;
+    // lblMessage in a colour of its own, as the name of a performance knob's
+    // destination shows in green; a host without colours shows the text.
+    virtual void setMessage(const std::string& text, StatusColour colour)
+    {
+        static_cast<void>(colour);
+        setMessage(text);
+    }
 
     // The hourglass pointer for a long operation, and the normal one after.
     virtual void setBusy(bool busy) = 0;

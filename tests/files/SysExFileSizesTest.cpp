@@ -32,6 +32,7 @@ public:
     std::optional<std::string> chooseOpenFile(const FileDialogRequest&) override { return path; }
     std::optional<std::string> chooseSaveFile(const FileDialogRequest&) override { return std::nullopt; }
     void setStatus(const std::string&, StatusColour) override {}
+    using Host::setMessage;
     void setMessage(const std::string&) override {}
     void setBusy(bool busy) override { busyDepth += busy ? 1 : -1; }
 };

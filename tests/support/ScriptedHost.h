@@ -35,6 +35,7 @@ public:
     std::optional<std::string> chooseOpenFile(const FileDialogRequest& request) override;
     std::optional<std::string> chooseSaveFile(const FileDialogRequest& request) override;
     void setStatus(const std::string& text, StatusColour colour) override;
+    using Host::setMessage;
     void setMessage(const std::string& text) override;
     void setBusy(bool busy) override;
     int chooseBankPlace(const BankDialogRequest& request) override;

@@ -129,8 +129,11 @@ int main(int argc, char** argv)
         model.settings.graphicEnvelope = true;
         quillon::clickTreeNode(model, "S2");  // EG1
     }
+    // The editing screens are drawn a little larger than a first start;
+    // the rest at the size the window has on its first start.
     const bool editing = form == "patch" || form == "envelope" || form == "pattern";
-    window.resize(editing ? 1280 : 1000, editing ? 720 : 640);
+    if (editing)
+        window.resize(1280, 720);
     window.show();
 
     QWidget* shown = &window;

@@ -1,5 +1,6 @@
 #include "editors/screens/EditorPanels.h"
 
+#include "editors/ItemStatus.h"
 #include "editors/MultiSelect.h"
 #include "editors/Navigation.h"
 #include "editors/ScreenLayout.h"
@@ -22,11 +23,14 @@ QString text(std::string_view s) { return QString::fromUtf8(s.data(), static_cas
 
 QString boldStyle(bool bold) { return bold ? "font-weight: bold;" : "font-weight: normal;"; }
 
+// The buttons and labels that choose what the frames show keep the focus
+// when clicked: it must not fall into a value box of the rows they bring.
 QToolButton* arrow(const QString& name, Qt::ArrowType type, QWidget* parent)
 {
     auto* button = new QToolButton(parent);
     button->setObjectName(name);
     button->setArrowType(type);
+    button->setFocusPolicy(Qt::StrongFocus);
     return button;
 }
 
@@ -49,6 +53,7 @@ PatchGroupPanel::PatchGroupPanel(AppModel& model, QWidget* parent) : QWidget(par
     for (int i = 0; i < kPatchGroups; ++i) {
         auto* label = new ClickLabel(text(patchGroup(i).caption), this);
         label->setObjectName(QString("lblGroup_%1").arg(i));
+        label->setFocusPolicy(Qt::ClickFocus);
         label->setFrameShape(QFrame::StyledPanel);
         label->setContentsMargins(6, 3, 6, 3);
         label->setCursor(Qt::PointingHandCursor);
@@ -103,15 +108,33 @@ MultiSelectPanel::MultiSelectPanel(AppModel& model, QWidget* parent) : QWidget(p
     bankB_->setObjectName("cmbMultiBankB");
     connect(bankA_, &QComboBox::activated, this, [this](int index) { clickMultiBankList(model_, kMultiBankA, index); });
     connect(bankB_, &QComboBox::activated, this, [this](int index) { clickMultiBankList(model_, kMultiBankB, index); });
-    column->addWidget(new QLabel("Multi bank A", this));
-    column->addWidget(bankA_);
-    column->addWidget(new QLabel("Multi bank B", this));
-    column->addWidget(bankB_);
+    auto* banks = new QWidget(this);
+    banks->setObjectName("fraMultiBank");
+    auto* bankColumn = new QVBoxLayout(banks);
+    bankColumn->setContentsMargins(0, 0, 0, 0);
+    const auto bankLabel = [this, banks](const char* name, int kind) {
+        auto* label = new ClickLabel(banks);
+        label->setObjectName(name);
+        label->setAlignment(Qt::AlignCenter);
+        label->setCursor(Qt::PointingHandCursor);
+        connect(label, &ClickLabel::released, this, [this, kind](Qt::MouseButton button) {
+            clickLoadedLabel(model_, kind, button == Qt::RightButton);
+        });
+        return label;
+    };
+    labelA_ = bankLabel("lblMultiBankA", kMultiBankA);
+    labelB_ = bankLabel("lblMultiBankB", kMultiBankB);
+    bankColumn->addWidget(labelA_);
+    bankColumn->addWidget(bankA_);
+    bankColumn->addWidget(labelB_);
+    bankColumn->addWidget(bankB_);
+    column->addWidget(banks);
     column->addSpacing(8);
 
     for (int i = 0; i < kMultiGroups; ++i) {
         auto* label = new ClickLabel(this);
         label->setObjectName(QString("lblMultiSect_%1").arg(i));
+        label->setFocusPolicy(Qt::ClickFocus);
         label->setFrameShape(QFrame::StyledPanel);
         label->setContentsMargins(6, 2, 6, 2);
         label->setCursor(Qt::PointingHandCursor);
@@ -147,6 +170,15 @@ MultiSelectPanel::MultiSelectPanel(AppModel& model, QWidget* parent) : QWidget(p
     selection->addLayout(arrows);
     column->addWidget(sectionsFrame_);
     column->addStretch(1);
+}
+
+void MultiSelectPanel::mirrorLabels()
+{
+    for (const auto& [kind, label] : {std::pair{kMultiBankA, labelA_}, std::pair{kMultiBankB, labelB_}}) {
+        const LoadedLabel& state = model_.labels.label(kind);
+        label->setText(QString::fromStdString(state.text));
+        restyle(label, loadedLabelStyle(state.scheme, state.highlighted, label));
+    }
 }
 
 void MultiSelectPanel::mirror()

@@ -15,6 +15,7 @@
 #include "shell/screens/ModelSignals.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -140,6 +141,9 @@ QWidget* EditorScreens::buildLeftColumn()
     auto* forward = arrowButton("cmdForward", Qt::RightArrow, QString(), backForward_);
     for (QToolButton* button : {back, forward}) {
         button->setToolTip(text(kTrailTip));
+        // The focus stays on the button clicked, not on a value box of the
+        // rows it shows, where a stray digit would overwrite a value.
+        button->setFocusPolicy(Qt::StrongFocus);
         trail->addWidget(button);
     }
     trail->addStretch(1);
@@ -193,6 +197,8 @@ void EditorScreens::buildFrame(int frame)
     for (int i = 0; i < kFrameRows; ++i)
         buildRow(first + i, f.box, grid, i);
     grid->setRowStretch(kFrameRows, 1);
+    // The names widen with the window as the decoded values do.
+    grid->setColumnStretch(0, 1);
     grid->setColumnStretch(4, 1);
     layout->addLayout(grid, 1);
 }
@@ -276,6 +282,16 @@ bool EditorScreens::eventFilter(QObject* watched, QEvent* event)
             if (type == QEvent::FocusIn) {
                 const TextSelection s = focusSelection(paramRowBox(model_, row));
                 r.value->setSelection(s.start, s.length);
+                if (static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason)
+                    mouseFocusRow_ = row;
+            } else if (type == QEvent::MouseButtonPress && mouseFocusRow_ == row) {
+                // The press that brought the focus keeps the whole text
+                // selected, as the Tab key does: it would otherwise put the
+                // caret into the old text, and typing would add to it.
+                mouseFocusRow_ = -1;
+                return true;
+            } else if (type == QEvent::FocusOut) {
+                mouseFocusRow_ = -1;
             } else if (type == QEvent::MouseButtonDblClick) {
                 editParamRow(model_, row, [](AppModel& m, ValueBox& b) { return doubleClickValueBox(m, b); });
                 mirrorRow(row);
@@ -389,6 +405,8 @@ void EditorScreens::refresh(unsigned changes)
         mirrorNavigation();
     if ((changes & kMultiSelectChanged) || ((changes & kScreenChanged) && model_.mode == 4))
         multi_->mirror();
+    if (changes & (kLabelsChanged | kScreenChanged))
+        multi_->mirrorLabels();
     if (changes & (kNavigationChanged | kFrame1Changed | kFrame2Changed | kBuffersChanged | kScreenChanged)) {
         placeEnvelope();
         envelope_->mirror();
@@ -426,7 +444,12 @@ void EditorScreens::mirrorRow(int row)
 {
     const RowView& view = model_.layout.rows[static_cast<std::size_t>(row)];
     RowControls& r = rows_[static_cast<std::size_t>(row)];
-    r.name->setText(QString::fromStdString(view.name));
+    const QString name = QString::fromStdString(view.name);
+    if (r.name->text() != name) {
+        r.name->setText(name);
+        // A name too long for its column is read whole in the tooltip.
+        r.name->setToolTip(name + "\n" + kParamNameTip);
+    }
     showRowValue(r.value, r.spin, QString::fromStdString(view.valueText), view.value, view.spinMin, view.spinMax);
     r.decode->setText(QString::fromStdString(view.decode));
     for (QWidget* w : {static_cast<QWidget*>(r.name), static_cast<QWidget*>(r.value), static_cast<QWidget*>(r.spin),

@@ -97,6 +97,7 @@ private:
     std::array<QSlider*, 3> floating_{};  // sldFloating 1 and 2
     FloatingSliders sliders_;
     bool mirroring_ = false;
+    int mouseFocusRow_ = -1;  // the row whose box a mouse press just gave the focus
 };
 
 }  // namespace quillon

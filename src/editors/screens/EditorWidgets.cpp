@@ -4,6 +4,7 @@
 #include "editors/ScreenLayout.h"
 
 #include <QColor>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPalette>
@@ -69,6 +70,13 @@ void showRowValue(QLineEdit* box, QSpinBox* spin, const QString& text, int value
     spin->setRange(min, max);
 }
 
+QString loadedLabelStyle(int scheme, bool highlighted, const QWidget* label)
+{
+    const QString frame = highlighted ? "font-weight: bold; border: 1px solid black; "
+                                      : "border: 1px solid transparent; ";
+    return frame + schemeStyle(scheme, label) + " padding: 2px 6px;";
+}
+
 void restyle(QWidget* widget, const QString& styleSheet)
 {
     if (widget->styleSheet() != styleSheet)
@@ -77,6 +85,10 @@ void restyle(QWidget* widget, const QString& styleSheet)
 
 void ClickLabel::mousePressEvent(QMouseEvent* event)
 {
+    // A label that takes the focus when clicked keeps it while the screen
+    // changes beneath it.
+    if (focusPolicy() & Qt::ClickFocus)
+        setFocus(Qt::MouseFocusReason);
     emit pressed(event->button(), event->modifiers());
     event->accept();
 }
@@ -100,6 +112,13 @@ SpinArrows::SpinArrows(QWidget* parent) : QSpinBox(parent)
     setButtonSymbols(QAbstractSpinBox::UpDownArrows);
     setKeyboardTracking(false);
     setFocusPolicy(Qt::NoFocus);
+}
+
+void SpinArrows::contextMenuEvent(QContextMenuEvent* event)
+{
+    // The right button makes the big step; a menu after it would swallow the
+    // next right click.
+    event->accept();
 }
 
 void SpinArrows::stepBy(int steps)

@@ -28,6 +28,11 @@ QString schemeStyle(int scheme, const QWidget* widget);
 // The same for a pair of colours of its own.
 QString colourStyle(const ColourScheme& colours, const QWidget* widget);
 
+// The style of a label of what is in memory (lblLoaded, the bank labels):
+// its colour scheme, and a frame and bold type when it is the one the
+// screen works on.
+QString loadedLabelStyle(int scheme, bool highlighted, const QWidget* label);
+
 // Sets a style sheet only when it differs: every setting polishes the widget
 // again, which a screen set-up would otherwise pay for on each label.
 void restyle(QWidget* widget, const QString& styleSheet);
@@ -70,6 +75,7 @@ signals:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     StepEnabled stepEnabled() const override;
 };
 

@@ -28,6 +28,8 @@ FavouritesBar::FavouritesBar(AppModel& model, QWidget* parent) : QWidget(parent)
         label->setFrameShape(QFrame::StyledPanel);
         label->setMinimumHeight(label->fontMetrics().height() + 6);
         label->setAcceptDrops(true);
+        // A click keeps the focus here, out of the value boxes it fills.
+        label->setFocusPolicy(Qt::ClickFocus);
         label->installEventFilter(this);
         column->addWidget(label);
         slots_[static_cast<std::size_t>(slot)] = label;

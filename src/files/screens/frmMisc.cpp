@@ -78,18 +78,17 @@ frmMisc::frmMisc(AppModel& model, MiscDialogState& state, QWidget* parent)
 
 void frmMisc::cmdLoadClick() { misc::doProcessLoad(model_, state_); }
 
+// The dialog goes before the question of the send or the save dialog, and
+// does not come back, whatever the answer.
 void frmMisc::cmdSaveSendClick()
 {
-    if (model_.misc.mode == kMiscModeSend) {
-        // A No to the question keeps the dialog open.
-        if (miscSend(model_))
-            accept();
-        return;
-    }
-    if (model_.misc.mode != kMiscModeSave)
+    if (model_.misc.mode != kMiscModeSend && model_.misc.mode != kMiscModeSave)
         return;
     hide();
-    miscSave(model_);
+    if (model_.misc.mode == kMiscModeSend)
+        miscSend(model_);
+    else
+        miscSave(model_);
     accept();
 }
 

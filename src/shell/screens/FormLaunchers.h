@@ -20,7 +20,7 @@ void doHelpShowThis(int context);
 // frmAbout.
 void showAboutDialog(QWidget* parent);
 
-// mnuHelpFAQ: the program's question page in the web browser.
+// mnuHelpFAQ: the page of the questions a Z1 owner asks, in the help window.
 void openFaqPage(AppModel& model);
 
 // frmName for the item of the current Mode.

@@ -4,7 +4,6 @@
 #include "shell/screens/FormLaunchers.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QHBoxLayout>
@@ -77,15 +76,6 @@ QUrl helpTopicUrl(int context)
     if (page == pages.end())
         return {};
     return resourceUrl(page->second, page->first);
-}
-
-bool openHelpPage(AppModel& model, const QUrl& page, const std::function<bool(const QUrl&)>& opener)
-{
-    if (opener(page))
-        return true;
-    model.host().showMessage(
-        {"Quillon on the Web", "Error accessing help page", MessageIcon::Exclamation, MessageButtons::Ok});
-    return false;
 }
 
 HelpWindow::HelpWindow(QWidget* parent) : QWidget(parent, Qt::Window)
@@ -172,7 +162,12 @@ void doHelpShowThis(int context)
 
 void openFaqPage(AppModel& model)
 {
-    openHelpPage(model, QUrl(kFaqPageUrl), [](const QUrl& page) { return QDesktopServices::openUrl(page); });
+    if (helpTopicPages().count(kHelpFaq) == 0) {
+        model.host().showMessage(
+            {"Quillon on the Web", "Error accessing help page", MessageIcon::Exclamation, MessageButtons::Ok});
+        return;
+    }
+    doHelpShowThis(kHelpFaq);
 }
 
 }  // namespace quillon

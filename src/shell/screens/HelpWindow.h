@@ -17,8 +17,8 @@ class AppModel;
 inline constexpr int kHelpContents = 1;
 inline constexpr int kHelpIndex = 2;
 
-// The program's question page on the web, which mnuHelpFAQ opens.
-inline constexpr const char* kFaqPageUrl = "https://github.com/quillon-editor/quillon/wiki/FAQ";
+// The page of the questions a Z1 owner asks, which mnuHelpFAQ opens.
+inline constexpr int kHelpFaq = 3;
 
 // Every help context number that the help pages carry an anchor for, with
 // the page that carries it (a path in the program's resources).
@@ -27,10 +27,6 @@ const std::map<int, QString>& helpTopicPages();
 // The address of a help context's topic: its page and anchor. A number
 // without a topic gives the contents.
 QUrl helpTopicUrl(int context);
-
-// Opens a web page through opener; when that fails, tells the user "Error
-// accessing help page". True when the page was opened.
-bool openHelpPage(AppModel& model, const QUrl& page, const std::function<bool(const QUrl&)>& opener);
 
 // The help window: one topic at a time, with the contents, the index and
 // the way back and forward between the topics read.

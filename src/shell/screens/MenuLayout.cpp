@@ -144,22 +144,24 @@ constexpr MenuLayout kMenus[] = {
     {"mnuHelp", "&Help", kHelp},
 };
 
+// Each key with the short text under its icon and the icon of the platform's
+// theme that stands for it, where the theme has one.
 constexpr ToolKeyLayout kToolKeys[] = {
-    {"open", "Open file"},
-    {"save", "Save file as..."},
-    {"listen", "Listen to Korg Z1 (wait for SysEx data)"},
-    {"request", "Request data from Z1"},
-    {"send", "Send current to Korg Z1"},
-    {"test", "Send test tone to Korg Z1"},
-    {"put", "Put current in bank"},
-    {"mod", "Show/edit patch mod sources"},
-    {"spst", "Show patch sections (tree mode)"},
-    {"spsg", "Show patch sections (group mode)"},
-    {"flr", "Frame change L to R"},
-    {"fla", "Frame left active"},
-    {"fra", "Frame right active"},
-    {"bpg", "Quick Merge: bank patch group to patch editor"},
-    {"bps", "Slow Merge: bank patch subsection to patch editor"},
+    {"open", "Open file", "Open", "document-open"},
+    {"save", "Save file as...", "Save As", "document-save-as"},
+    {"listen", "Listen to Korg Z1 (wait for SysEx data)", "Listen", ""},
+    {"request", "Request data from Z1", "Request", ""},
+    {"send", "Send current to Korg Z1", "Send", ""},
+    {"test", "Send test tone to Korg Z1", "Test Tone", ""},
+    {"put", "Put current in bank", "To Bank", ""},
+    {"mod", "Show/edit patch mod sources", "Mod Sources", ""},
+    {"spst", "Show patch sections (tree mode)", "Tree", ""},
+    {"spsg", "Show patch sections (group mode)", "Groups", ""},
+    {"flr", "Frame change L to R", "L to R", ""},
+    {"fla", "Frame left active", "Left", ""},
+    {"fra", "Frame right active", "Right", ""},
+    {"bpg", "Quick Merge: bank patch group to patch editor", "Merge Group", ""},
+    {"bps", "Slow Merge: bank patch subsection to patch editor", "Merge Sub", ""},
 };
 
 }  // namespace

@@ -24,8 +24,10 @@ std::span<const MenuLayout> mainMenuLayout();
 
 // The keys of the toolbar tlbMain, in order, with their tooltips.
 struct ToolKeyLayout {
-    std::string_view key;
+    std::string_view key;          // the action's name behind "tlbMain_"
     std::string_view tooltip;
+    std::string_view text;         // the short text under the icon
+    std::string_view themeIcon;    // the platform theme's icon, or empty for our own
 };
 
 std::span<const ToolKeyLayout> toolbarLayout();

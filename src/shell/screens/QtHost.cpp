@@ -132,6 +132,19 @@ void QtHost::setMessage(const std::string& text)
 {
     if (message_ == nullptr)
         return;
+    if (!message_->styleSheet().isEmpty())
+        message_->setStyleSheet(QString());
+    message_->setText(QString::fromStdString(text));
+    message_->repaint();
+}
+
+void QtHost::setMessage(const std::string& text, StatusColour colour)
+{
+    if (message_ == nullptr)
+        return;
+    const QString style = "color: " + colourName(colour) + ";";
+    if (message_->styleSheet() != style)
+        message_->setStyleSheet(style);
     message_->setText(QString::fromStdString(text));
     message_->repaint();
 }

@@ -23,6 +23,7 @@ public:
     std::optional<std::string> chooseSaveFile(const FileDialogRequest& request) override;
     void setStatus(const std::string& text, StatusColour colour) override;
     void setMessage(const std::string& text) override;
+    void setMessage(const std::string& text, StatusColour colour) override;
     void setBusy(bool busy) override;
     int chooseBankPlace(const BankDialogRequest& request) override;
 

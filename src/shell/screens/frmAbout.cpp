@@ -1,5 +1,7 @@
 #include "shell/screens/frmAbout.h"
 
+#include "midi/backends/MidiSystem.h"
+#include "midi/screens/MidiSystemAccess.h"
 #include "shell/screens/FormLaunchers.h"
 
 #include <QDialogButtonBox>
@@ -9,6 +11,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStringList>
 #include <QSysInfo>
 #include <QVBoxLayout>
 #include <QtGlobal>
@@ -39,10 +42,21 @@ std::vector<PlatformFact> platformFacts()
     facts.emplace_back("Processor", QSysInfo::currentCpuArchitecture());
     facts.emplace_back("Qt", QString("%1 (built with %2)").arg(qVersion(), QT_VERSION_STR));
     facts.emplace_back("Window system", QGuiApplication::platformName());
-    // This version of the program has no MIDI connection of its own yet, so
-    // there is no system to name and no device to list.
-    facts.emplace_back("MIDI systems", "none yet: this version of Quillon has no MIDI connection");
-    facts.emplace_back("MIDI devices", "none yet");
+    // The MIDI system the program works over now, with the devices it sees.
+    const auto devices = [](const std::vector<std::string>& names) {
+        QStringList list;
+        for (const std::string& name : names)
+            list << QString::fromStdString(name);
+        return list.isEmpty() ? QString("none") : list.join("; ");
+    };
+    if (const MidiSystem* system = registeredMidiSystem()) {
+        const std::string_view api = midiApiName(system->api());
+        facts.emplace_back("MIDI system", QString::fromUtf8(api.data(), static_cast<qsizetype>(api.size())));
+        facts.emplace_back("MIDI input devices", devices(midiInputDevices()));
+        facts.emplace_back("MIDI output devices", devices(midiOutputDevices()));
+    } else {
+        facts.emplace_back("MIDI system", "none open");
+    }
     if (const char* asked = std::getenv("QUILLON_MIDI_API"); asked != nullptr && *asked != '\0')
         facts.emplace_back("MIDI system asked for (QUILLON_MIDI_API)", QString::fromLocal8Bit(asked));
     return facts;

@@ -24,6 +24,7 @@
 #include "editors/screens/EditorWidgets.h"
 #include "editors/screens/frmMod.h"
 #include "files/OpenSysExFile.h"
+#include "files/SettingsStore.h"
 #include "files/SysExSaving.h"
 #include "files/UserFiles.h"
 #include "midi/MidiGlobal.h"
@@ -47,15 +48,27 @@
 #include <QCloseEvent>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QToolBar>
 #include <QVBoxLayout>
+
+#include <exception>
+#include <string>
+
+// The toolbar's own icons are compiled into the program; a static library
+// must ask for its resources by name.
+static void initToolbarIcons()
+{
+    Q_INIT_RESOURCE(quillon_icons);
+}
 
 namespace quillon {
 
@@ -63,25 +76,33 @@ namespace {
 
 constexpr int kRecentSlots = 10;
 
+// The window's size is the user's, kept from one start to the next. The
+// first start fits a screen of 1366 by 768 with its title bar and a panel.
+constexpr const char* kWindowSection = "Window";
+constexpr int kStartWidth = 1240;
+constexpr int kStartHeight = 660;
+
+int storedSize(const SettingsStore& store, const char* key, int fallback)
+{
+    try {
+        const int value = std::stoi(store.read(kWindowSection, key));
+        return value >= 200 && value <= 20000 ? value : fallback;
+    } catch (const std::exception&) {
+        return fallback;
+    }
+}
+
 // The labels of fraLoaded, in their order on the screen.
 struct LabelPlace {
     int kind;
     const char* name;
 };
+// The labels of the multi banks stand in the multi screen's fraMultiBank;
+// lblArpBank shows with the pattern screen only.
 constexpr LabelPlace kLabelPlaces[] = {
-    {kPatch, "lblLoaded_1"},      {kPatchBankA, "lblLoaded_2"},   {kPatchBankB, "lblLoaded_3"},
-    {kMultiset, "lblLoaded_4"},   {kPattern, "lblLoaded_5"},      {kMultiBankA, "lblMultiBankA"},
-    {kMultiBankB, "lblMultiBankB"}, {kArpBank, "lblArpBank"},
+    {kPatch, "lblLoaded_1"},    {kPatchBankA, "lblLoaded_2"}, {kPatchBankB, "lblLoaded_3"},
+    {kMultiset, "lblLoaded_4"}, {kPattern, "lblLoaded_5"},    {kArpBank, "lblArpBank"},
 };
-
-// A label of fraLoaded: its colour scheme, and a frame and bold type when
-// it is the one the screen works on.
-QString styleOf(int scheme, bool highlighted, const QWidget* label)
-{
-    const QString frame = highlighted ? "font-weight: bold; border: 1px solid black; "
-                                      : "border: 1px solid transparent; ";
-    return frame + schemeStyle(scheme, label) + " padding: 2px 6px;";
-}
 
 }  // namespace
 
@@ -99,7 +120,7 @@ frmMain::frmMain(AppModel& model, QtHost& host, QWidget* parent) : QMainWindow(p
     signals_ = new ModelSignals(model_, this);
     connect(signals_, &ModelSignals::changed, this, &frmMain::refresh);
     refresh(~0u);
-    resize(900, 620);
+    resize(storedSize(model_.store(), "Width", kStartWidth), storedSize(model_.store(), "Height", kStartHeight));
 }
 
 frmMain::~frmMain() = default;
@@ -136,12 +157,19 @@ void frmMain::buildMenus()
 
 void frmMain::buildToolbar()
 {
+    initToolbarIcons();
     toolbar_ = addToolBar("tlbMain");
     toolbar_->setObjectName("tlbMain");
     toolbar_->setMovable(false);
+    toolbar_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    toolbar_->setIconSize(QSize(24, 24));
     for (const ToolKeyLayout& key : toolbarLayout()) {
         const QString name = QString::fromUtf8(key.key.data(), key.key.size());
-        QAction* action = toolbar_->addAction(name);
+        // The theme's icon where the platform has one, else our own drawing.
+        const QIcon own(":/icons/" + name + ".png");
+        const QString theme = QString::fromUtf8(key.themeIcon.data(), key.themeIcon.size());
+        const QIcon icon = theme.isEmpty() ? own : QIcon::fromTheme(theme, own);
+        QAction* action = toolbar_->addAction(icon, QString::fromUtf8(key.text.data(), key.text.size()));
         action->setObjectName("tlbMain_" + name);
         action->setToolTip(QString::fromUtf8(key.tooltip.data(), key.tooltip.size()));
         action->setEnabled(false);
@@ -211,7 +239,15 @@ void frmMain::buildCentre()
     bankScreen_ = new BankScreen(model_, screens);
     bankScreen_->hide();
     screensLayout->addWidget(bankScreen_, 1);
-    column->addWidget(screens, 1);
+    // The screens scroll when they need more room than the window gives
+    // them: the window keeps the size the user chose and never grows by
+    // itself.
+    auto* scroll = new QScrollArea(centre);
+    scroll->setObjectName("scrScreens");
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(screens);
+    column->addWidget(scroll, 1);
 
     status_ = new QLabel(centre);
     status_->setObjectName("lblStatus");
@@ -434,8 +470,9 @@ void frmMain::refreshLabels()
     for (const auto& [kind, label] : loadedLabels_) {
         const LoadedLabel& state = model_.labels.label(kind);
         label->setText(QString::fromStdString(state.text));
-        restyle(label, styleOf(state.scheme, state.highlighted, label));
+        restyle(label, loadedLabelStyle(state.scheme, state.highlighted, label));
     }
+    loadedLabels_.at(kArpBank)->setVisible(model_.mode == kPattern);
 }
 
 void frmMain::refreshSendMenu()
@@ -480,6 +517,8 @@ void frmMain::closeEvent(QCloseEvent* event)
         return;
     }
     shutDown(model_);
+    model_.store().write(kWindowSection, "Width", std::to_string(width()));
+    model_.store().write(kWindowSection, "Height", std::to_string(height()));
     event->accept();
     // Every other form of the program goes with the main form.
     for (QWidget* window : QApplication::topLevelWidgets()) {

@@ -4,15 +4,21 @@
 #include "files/OpenSysExFile.h"
 #include "model/Kind.h"
 #include "shell/screens/FormLaunchers.h"
+#include "shell/AppModel.h"
+#include "shell/screens/QtHost.h"
 #include "support/DialogAnswers.h"
+#include "support/FakeMidiPorts.h"
+#include "support/ManualTimer.h"
 #include "support/TestModel.h"
 #include "sysex/MessageCatalogue.h"
 #include "sysex/SysExPacking.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -162,6 +168,48 @@ TEST_F(frmMiscForm, SaveWritesTheDumpAndClosesTheDialog)
     std::vector<std::uint8_t> written;
     ASSERT_TRUE(readWholeFile(path, written));
     EXPECT_EQ(written, model.misc.message);
+}
+
+TEST(frmMiscSend, SendHidesTheDialogBeforeItsQuestionAndTheDialogStaysClosedAfterNo)
+{
+    QtHost host;
+    MemorySettingsStore store;
+    TempFolder folder;
+    AppModel model{host, store, folder.path()};
+    FakeMidiOutput output;
+    FakeMidiInput input;
+    ManualTimer timer;
+    model.midi.attach(&output, &input, &timer);
+    model.misc.message = allDataMessage(countingImage(kAllDataImageBytes));
+    model.misc.mode = 3;
+    MiscDialogState state = misc::doSetup(model);
+
+    bool visibleAtTheQuestion = true;
+    bool openAfterNo = false;
+    QString question;
+    QWidget* dialog = nullptr;
+    whenNextModalOpens([&](QWidget* modal) {
+        dialog = modal;
+        whenNextModalOpens([&](QWidget* box) {
+            visibleAtTheQuestion = dialog->isVisible();
+            auto* message = qobject_cast<QMessageBox*>(box);
+            ASSERT_NE(message, nullptr);
+            question = message->text();
+            message->button(QMessageBox::No)->click();
+            // Once the question is answered: is the dialog back? It is
+            // closed here so that the test goes on either way.
+            QTimer::singleShot(0, dialog, [&] {
+                openAfterNo = dialog->isVisible();
+                dialog->close();
+            });
+        });
+        QTest::mouseClick(modal->findChild<QPushButton*>("cmdSaveSend"), Qt::LeftButton);
+    });
+    showMiscDialog(model, state, nullptr);
+    EXPECT_FALSE(question.isEmpty());
+    EXPECT_FALSE(visibleAtTheQuestion);
+    EXPECT_FALSE(openAfterNo);
+    EXPECT_TRUE(output.queued.empty());
 }
 
 TEST_F(frmMiscForm, AllDataFileOpensTheDialogAndLoadsTheTickedBanks)

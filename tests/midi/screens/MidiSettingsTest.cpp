@@ -151,19 +151,18 @@ TEST(frmMiscSend, SendsADumpFromAFileAfterYesAndCloses)
     EXPECT_EQ(sent[2], 0x32);
 }
 
-TEST(frmMiscSend, StaysOpenWhenTheSendIsRefused)
+TEST(frmMiscSend, ClosesAlsoWhenTheSendIsRefused)
 {
     SimulatedMidiWindow w;
     MiscDialogState state = holdAllDataFromFile(w.model);
-    bool stillOpen = false;
+    bool stillOpen = true;
     whenNextModalOpens([&](QWidget* modal) {
         answerNextMessageBox("No");
         modal->findChild<QPushButton*>("cmdSaveSend")->click();
         stillOpen = modal->isVisible();
-        modal->findChild<QPushButton*>("cmdDone")->click();
     });
     showMiscDialog(w.model, state, &w.window);
-    EXPECT_TRUE(stillOpen);
+    EXPECT_FALSE(stillOpen);
     runWaitingEvents();
     EXPECT_TRUE(w.z1().received().empty());
 }

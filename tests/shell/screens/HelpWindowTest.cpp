@@ -3,9 +3,11 @@
 #include "shell/screens/Dialog.h"
 #include "shell/screens/FormLaunchers.h"
 #include "shell/screens/MessageBox.h"
+#include "shell/screens/QtHost.h"
+#include "shell/screens/frmMain.h"
 #include "support/TestModel.h"
 
-#include <QDesktopServices>
+#include <QAction>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -19,16 +21,6 @@
 #include <set>
 
 namespace quillon {
-
-// Takes the addresses the program asks the web browser to open.
-class RecordingUrlHandler : public QObject {
-    Q_OBJECT
-public:
-    QList<QUrl> opened;
-
-public slots:
-    void open(const QUrl& url) { opened << url; }
-};
 
 namespace {
 
@@ -176,27 +168,35 @@ TEST(HelpWindow, BackReturnsToTheTopicReadBefore)
     help->close();
 }
 
-TEST(HelpWindow, FaqOpensTheQuestionPageInTheBrowser)
+TEST(HelpWindow, FaqItemOfTheHelpMenuOpensTheQuestionPageOfTheBuiltInHelp)
 {
-    TestModel t;
-    RecordingUrlHandler handler;
-    QDesktopServices::setUrlHandler("https", &handler, "open");
-    openFaqPage(t.model);
-    QDesktopServices::unsetUrlHandler("https");
-    ASSERT_EQ(handler.opened.size(), 1);
-    EXPECT_EQ(handler.opened.front(), QUrl(kFaqPageUrl));
-    EXPECT_TRUE(t.host.messages.empty());
+    QtHost host;
+    MemorySettingsStore store;
+    TempFolder folder;
+    AppModel model{host, store, folder.path()};
+    frmMain window{model, host};
+    QAction* faq = window.action("mnuHelpFAQ");
+    ASSERT_NE(faq, nullptr);
+    ASSERT_TRUE(faq->isEnabled());
+    faq->trigger();
+    HelpWindow* help = HelpWindow::instance();
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_EQ(help->source().scheme(), "qrc");
+    EXPECT_EQ(help->source().fileName(), "faq.html");
+    EXPECT_EQ(help->source().fragment(), "3");
+    help->close();
 }
 
-TEST(HelpWindow, AFailedPageIsReported)
+TEST(HelpWindow, QuestionPageAnswersWhatAZ1OwnerAsks)
 {
-    TestModel t;
-    t.host.expectMessage("Quillon on the Web", Answer::Ok, "Error accessing help page");
-    EXPECT_FALSE(openHelpPage(t.model, QUrl(kFaqPageUrl), [](const QUrl&) { return false; }));
-    EXPECT_TRUE(t.host.allShown());
+    const QString page = readResource(helpTopicPages().at(kHelpFaq));
+    for (const char* words : {"MIDI OUT", "MIDI IN", "interface", "Global mode", "MIDI filter", "exclusive",
+                              "global", "channel", "JACK", "ALSA", "QUILLON_MIDI_API", "~/.local/share/Quillon",
+                              "QUILLON_HOME"})
+        EXPECT_TRUE(page.contains(words)) << words;
+    EXPECT_FALSE(page.contains("http"));
 }
 
 }  // namespace
 }  // namespace quillon
 
-#include "HelpWindowTest.moc"

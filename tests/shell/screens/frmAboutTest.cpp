@@ -1,5 +1,9 @@
 #include "shell/screens/frmAbout.h"
 
+#include "midi/backends/EventPump.h"
+#include "midi/backends/MidiSystem.h"
+#include "midi/backends/SimMidiSystem.h"
+#include "midi/screens/MidiSystemAccess.h"
 #include "support/DialogAnswers.h"
 
 #include <QLabel>
@@ -56,14 +60,34 @@ TEST(frmAbout, PlatformFactsNameTheSystemTheToolkitAndMidi)
     const auto facts = platformFacts();
     EXPECT_FALSE(factOf(facts, "Operating system").isEmpty());
     EXPECT_TRUE(factOf(facts, "Qt").startsWith(qVersion()));
-    EXPECT_TRUE(factOf(facts, "MIDI systems").startsWith("none yet"));
-    EXPECT_EQ(factOf(facts, "MIDI devices"), "none yet");
+    EXPECT_EQ(factOf(facts, "MIDI system"), "none open");
+}
+
+TEST(frmAbout, SysInfoNamesTheMidiSystemInUseAndItsInputAndOutputDevices)
+{
+    QueuedEventPump pump;
+    const std::unique_ptr<MidiSystem> system = openSimMidiSystem(pump, MidiSystemOptions{});
+    registerMidiSystem(system.get());
+    frmAbout form;
+    form.show();
+    QString shown;
+    whenNextModalOpens([&](QWidget* modal) {
+        shown = modal->findChild<QPlainTextEdit*>("txtSysInfo")->toPlainText();
+        modal->close();
+    });
+    QTest::mouseClick(form.findChild<QPushButton*>("cmdSysInfo"), Qt::LeftButton);
+    registerMidiSystem(nullptr);
+    EXPECT_TRUE(shown.contains("MIDI system: sim\n")) << shown.toStdString();
+    ASSERT_FALSE(system->inputDevices().empty());
+    ASSERT_FALSE(system->outputDevices().empty());
+    EXPECT_TRUE(shown.contains("MIDI input devices: " + QString::fromStdString(system->inputDevices().front())));
+    EXPECT_TRUE(shown.contains("MIDI output devices: " + QString::fromStdString(system->outputDevices().front())));
+    EXPECT_FALSE(shown.contains("none yet"));
 }
 
 TEST(frmAbout, SystemInformationIsOneFactALine)
 {
-    EXPECT_EQ(systemInformationText({{"Qt", "6.4.2"}, {"MIDI devices", "none yet"}}),
-              "Qt: 6.4.2\nMIDI devices: none yet");
+    EXPECT_EQ(systemInformationText({{"Qt", "6.4.2"}, {"MIDI system", "alsa"}}), "Qt: 6.4.2\nMIDI system: alsa");
 }
 
 TEST(frmAbout, WithoutFactsTheSystemInformationIsUnavailable)
@@ -85,7 +109,7 @@ TEST(frmAbout, SysInfoButtonShowsThePlatformFacts)
     QTest::mouseClick(form.findChild<QPushButton*>("cmdSysInfo"), Qt::LeftButton);
     EXPECT_EQ(caption, "System Information");
     EXPECT_EQ(shown, systemInformationText(platformFacts()));
-    EXPECT_TRUE(shown.contains("MIDI systems: none yet"));
+    EXPECT_TRUE(shown.contains("MIDI system: "));
 }
 
 }  // namespace

@@ -175,7 +175,7 @@ TEST(frmMain, ToolbarKeysStandInOrderWithTheirTooltips)
     std::vector<std::string> keys;
     for (QAction* a : w.window.findChild<QToolBar*>("tlbMain")->actions())
         if (a->objectName().startsWith("tlbMain_"))
-            keys.push_back(a->text().toStdString() + "=" + a->toolTip().toStdString());
+            keys.push_back(a->objectName().mid(8).toStdString() + "=" + a->toolTip().toStdString());
     EXPECT_EQ(keys.size(), 15u);
     for (const char* tool : {"txtBankPatchSelGroup", "updBankPatchSelGroup", "txtBankPatchSelSS", "updBankPatchSelSS"})
         EXPECT_NE(w.window.findChild<QWidget*>(tool), nullptr) << tool;
