@@ -49,16 +49,16 @@ constexpr FixedSubsection kFixedSubsections[] = {
 };
 
 constexpr MergeMenuItem kMergeMenu[] = {
-    {"mnuCopyExceptArray_0", "Comm", 1},       {"mnuCopyExceptArray_1", "EG", 2},
-    {"mnuCopyExceptArray_2", "LFO", 3},        {"mnuCopyExceptArray_3", "OSC", 4},
-    {"mnuCopyExceptArray_4", "Mix", 5},        {"mnuCopyExceptArray_5", "Filt", 6},
-    {"mnuCopyExceptArray_6", "Amp", 7},        {"mnuCopyExceptArray_7", "FX", 8},
-    {"mnuCopyExceptArray_8", "Ctrls", 9},      {"mnuCopyAllXCSS", "Copy All ex CSS", kMergeAllExceptCss},
-    {"mnuCopyCSS", "Copy CSS", kMergeCss},     {"mnuCopyArray_0", "Copy Comm", 11},
-    {"mnuCopyArray_1", "Copy EG", 12},         {"mnuCopyArray_2", "Copy LFO", 13},
-    {"mnuCopyArray_3", "Copy OSC", 14},        {"mnuCopyArray_4", "Copy Mix", 15},
-    {"mnuCopyArray_5", "Copy Filt", 16},       {"mnuCopyArray_6", "Copy Amp", 17},
-    {"mnuCopyArray_7", "Copy FX", 18},         {"mnuCopyArray_8", "Copy Ctrls", 19},
+    {"mnuCopyExceptArray_1", "Comm", 1},       {"mnuCopyExceptArray_2", "EG", 2},
+    {"mnuCopyExceptArray_3", "LFO", 3},        {"mnuCopyExceptArray_4", "OSC", 4},
+    {"mnuCopyExceptArray_5", "Mix", 5},        {"mnuCopyExceptArray_6", "Filt", 6},
+    {"mnuCopyExceptArray_7", "Amp", 7},        {"mnuCopyExceptArray_8", "FX", 8},
+    {"mnuCopyExceptArray_9", "Ctrls", 9},      {"mnuCopyAllXCSS", "Copy All ex CSS", kMergeAllExceptCss},
+    {"mnuCopyCSS", "Copy CSS", kMergeCss},     {"mnuCopyArray_1", "Copy Comm", 11},
+    {"mnuCopyArray_2", "Copy EG", 12},         {"mnuCopyArray_3", "Copy LFO", 13},
+    {"mnuCopyArray_4", "Copy OSC", 14},        {"mnuCopyArray_5", "Copy Mix", 15},
+    {"mnuCopyArray_6", "Copy Filt", 16},       {"mnuCopyArray_7", "Copy Amp", 17},
+    {"mnuCopyArray_8", "Copy FX", 18},         {"mnuCopyArray_9", "Copy Ctrls", 19},
 };
 
 bool inRange(const MergeBytes& range, int byte) { return byte >= range.first && byte <= range.last; }

@@ -72,14 +72,14 @@ TEST(BankMerge, PopupCopyItemsCarryTheirCodes)
 {
     const auto items = mergeMenuItems();
     ASSERT_EQ(items.size(), 20u);
-    EXPECT_EQ(items[0].name, "mnuCopyExceptArray_0");
+    EXPECT_EQ(items[0].name, "mnuCopyExceptArray_1");
     EXPECT_EQ(items[0].caption, "Comm");
     EXPECT_EQ(items[0].code, 1);
     EXPECT_EQ(items[9].caption, "Copy All ex CSS");
     EXPECT_EQ(items[9].code, 10);
     EXPECT_EQ(items[10].caption, "Copy CSS");
     EXPECT_EQ(items[10].code, 20);
-    EXPECT_EQ(items[19].name, "mnuCopyArray_8");
+    EXPECT_EQ(items[19].name, "mnuCopyArray_9");
     EXPECT_EQ(items[19].caption, "Copy Ctrls");
     EXPECT_EQ(items[19].code, 19);
 }

@@ -353,6 +353,9 @@ void frmMain::wireBankCommands()
     bankScreen_->setCommand("mnuProperties", [&m, element1] { showBankPatchProperties(m, element1()); });
     bankScreen_->setCommand("mnuSelectAll", [&m] { mnuSelectAll(m); });
     bankScreen_->setCommand("mnuDeselectAll", [&m] { mnuDeselectAll(m); });
+    for (const MergeMenuItem& item : mergeMenuItems())
+        bankScreen_->setCommand(QString::fromUtf8(item.name.data(), static_cast<qsizetype>(item.name.size())),
+                                [&m, code = item.code] { mergeFromBankPopup(m, code); });
     for (const char* item : {"mnuAutoSend1", "mnuAutoSend2"})
         bankScreen_->setCommand(item, [this] { showAutoSendForm(model_, model_.bankTarget, this); });
     wireReorderCommands();

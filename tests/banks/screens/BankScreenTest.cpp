@@ -211,6 +211,19 @@ TEST(BankScreen, PutInPatchEditorFromThePopupTakesThePatch)
     EXPECT_EQ(w.model.banks.lastPutPatch, 40);
 }
 
+TEST(BankScreen, ACopyItemOfThePopupMergesThatGroupOfThePatchUnderThePointer)
+{
+    BankWindow w;
+    w.click(40, {}, Qt::RightButton);
+    clickItem(w.window.findChild<QMenu*>("mnuPopup1"), "mnuCopyArray_2");  // "Copy EG"
+    const ByteImage bankPatch = w.model.banks.readBankPatch(kPatchBankA, 40);
+    ByteImage editor(kPatchBytes, 0);
+    patchParamsToImage(w.model.buffers.of(kPatch).current, editor);
+    for (int byte = 26; byte <= 101; ++byte)
+        EXPECT_EQ(editor[static_cast<std::size_t>(byte - 1)], bankPatch[static_cast<std::size_t>(byte - 1)]) << byte;
+    EXPECT_EQ(w.model.merge.BankGroupNext, 2) << "the EG group was merged, the next is LFO";
+}
+
 TEST(BankScreen, FindNarrowsTheSelection)
 {
     BankWindow w;
