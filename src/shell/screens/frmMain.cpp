@@ -51,6 +51,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QMenu>
 #include <QMenuBar>
@@ -194,6 +195,16 @@ void frmMain::addSelectionTools(const char* boxName, const char* spinName, int m
     spin->setButtonSymbols(QAbstractSpinBox::UpDownArrows);
     spin->setMaximumWidth(20);
     selectionTools_[spinName] = toolbar_->addWidget(spin);
+    // The spin arrows choose what the next merge by key takes; a double
+    // click on the box starts again from the first group or subsection.
+    box->installEventFilter(this);
+    const bool group = min == 0;
+    connect(spin, &QSpinBox::valueChanged, this, [this, group](int value) {
+        if (group)
+            setBankGroupNext(model_, value);
+        else
+            setBankSubsectionNext(model_, value);
+    });
 }
 
 void frmMain::buildCentre()
@@ -466,6 +477,18 @@ void frmMain::refreshSelectionTools()
         holder->setVisible(shown);
         holder->setEnabled(shown);
     }
+    showMergeNext("txtBankPatchSelGroup", "updBankPatchSelGroup", bankPatchSelGroupText(model_),
+                  model_.merge.BankGroupNext);
+    showMergeNext("txtBankPatchSelSS", "updBankPatchSelSS", bankPatchSelSSText(model_),
+                  model_.merge.BankSubsectionNext);
+}
+
+void frmMain::showMergeNext(const char* boxName, const char* spinName, const std::string& text, int value)
+{
+    findChild<QLineEdit*>(boxName)->setText(QString::fromStdString(text));
+    auto* spin = findChild<QSpinBox*>(spinName);
+    const QSignalBlocker quiet(spin);
+    spin->setValue(value);
 }
 
 void frmMain::refreshLabels()
@@ -500,6 +523,16 @@ void frmMain::refreshRecentFiles()
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        if (watched->objectName() == "txtBankPatchSelGroup") {
+            doubleClickBankPatchSelGroup(model_);
+            return true;
+        }
+        if (watched->objectName() == "txtBankPatchSelSS") {
+            doubleClickBankPatchSelSS(model_);
+            return true;
+        }
+    }
     if (event->type() == QEvent::MouseButtonRelease) {
         for (const auto& [kind, label] : loadedLabels_) {
             if (label != watched)

@@ -48,6 +48,7 @@ private:
     void wireReorderCommands();
     void addSelectionTools(const char* boxName, const char* spinName, int min, int max);
     void refreshSelectionTools();
+    void showMergeNext(const char* boxName, const char* spinName, const std::string& text, int value);
     void setCommand(const QString& name, std::function<void()> command);
     void refreshLabels();
     void refreshSendMenu();

@@ -1,5 +1,6 @@
 #include "banks/screens/BankScreen.h"
 
+#include "editors/ScreenLayout.h"
 #include "files/AtomicFile.h"
 #include "model/Kind.h"
 #include "model/ParamImage.h"
@@ -19,6 +20,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -200,6 +202,28 @@ TEST(BankScreen, OnePatchSelectedShowsTheMergeTools)
     QApplication::processEvents();
     EXPECT_FALSE(w.model.bankView.selectionToolsShown);
     EXPECT_FALSE(group->isVisible());
+}
+
+TEST(BankScreen, TheMergeToolsShowAndSetWhatTheNextMergeByKeyTakes)
+{
+    BankWindow w;
+    w.window.resize(1600, 800);
+    w.click(9);
+    QApplication::processEvents();
+    auto* box = w.window.findChild<QLineEdit*>("txtBankPatchSelGroup");
+    auto* spin = w.window.findChild<QSpinBox*>("updBankPatchSelGroup");
+    ASSERT_TRUE(box->isVisible());
+    EXPECT_EQ(box->text().toStdString(), std::string(patchGroup(0).caption));
+    QTest::keyClick(spin, Qt::Key_Up);
+    QTest::keyClick(spin, Qt::Key_Up);
+    EXPECT_EQ(w.model.merge.BankGroupNext, 2);
+    EXPECT_EQ(box->text().toStdString(), std::string(patchGroup(2).caption));
+    QTest::mouseDClick(box, Qt::LeftButton);
+    EXPECT_EQ(w.model.merge.BankGroupNext, 0) << "a double click starts again from the first group";
+    EXPECT_EQ(spin->value(), 0);
+    QTest::keyClick(w.window.findChild<QSpinBox*>("updBankPatchSelSS"), Qt::Key_Up);
+    EXPECT_EQ(w.model.merge.BankSubsectionNext, 2);
+    EXPECT_EQ(w.window.findChild<QLineEdit*>("txtBankPatchSelSS")->text(), "2");
 }
 
 TEST(BankScreen, PutInPatchEditorFromThePopupTakesThePatch)
