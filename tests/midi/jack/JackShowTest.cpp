@@ -60,6 +60,15 @@ struct JackShow : JackRig {
         model.flags.loaded[kPatchBankA] = true;
     }
 
+    // The show leaves its last patch in z1sim's edit buffer: put the
+    // fixture's current patch back for the tests that come after.
+    ~JackShow() override
+    {
+        panel.heard.clear();
+        panel.send(fixtureDumps(1)[0]);
+        EXPECT_TRUE(waitForAcknowledgement());
+    }
+
     // Every note z1sim has been played, once there are at least `minimum`
     // and the last of them is the one given.
     std::vector<HeardNote> notesEndingWith(std::size_t minimum, int key, bool on)
