@@ -58,15 +58,20 @@ bool isModSource(int param)
     return def && isModSourceTable(def->table);
 }
 
+int intensitiesOfSource(int source)
+{
+    if (isOneOf(kSourcesWithoutIntensity, source))
+        return 0;
+    return isOneOf(kNodeTimeSources, source) ? 4 : 1;
+}
+
 void zeroIntensity(ParamValues& patch)
 {
     const int count = std::min(kPatchParams, static_cast<int>(patch.size()) - 1);
     for (int p = 1; p <= count; ++p) {
         if (!isModSource(p) || patch[static_cast<std::size_t>(p)] != 0)
             continue;
-        if (isOneOf(kSourcesWithoutIntensity, p))
-            continue;
-        const int cleared = isOneOf(kNodeTimeSources, p) ? 4 : 1;
+        const int cleared = intensitiesOfSource(p);
         for (int i = 1; i <= cleared && p + i <= count; ++i)
             patch[static_cast<std::size_t>(p + i)] = 0;
     }

@@ -17,6 +17,11 @@ class AppModel;
 bool isModSourceTable(int table);
 bool isModSource(int param);  // a patch parameter
 
+// How many intensities follow a source parameter and belong to it: four
+// after the EG node time sources, none after the few sources followed by
+// something else, one after every other.
+int intensitiesOfSource(int source);
+
 // Clears every intensity whose source is off (0), in a patch's values: an
 // intensity with nothing to drive it is pointless. The EG node time source
 // of EG1 to EG4 and the Amp EG drives four intensities, all cleared; a few
