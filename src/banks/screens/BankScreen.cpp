@@ -5,6 +5,7 @@
 #include "banks/BankView.h"
 #include "editors/screens/EditorWidgets.h"
 #include "shell/AppModel.h"
+#include "shell/screens/QuillonApplication.h"
 
 #include <QCursor>
 #include <QMenu>
@@ -165,7 +166,8 @@ void BankScreen::setCommand(const QString& name, std::function<void()> command)
         return;
     wired_[name] = true;
     target->setEnabled(true);
-    connect(target, &QAction::triggered, this, [command = std::move(command)] { command(); });
+    connect(target, &QAction::triggered, this,
+            [command = std::move(command)] { QuillonApplication::runCommand(command); });
 }
 
 void BankScreen::makeLabels()

@@ -26,6 +26,32 @@ bool QuillonApplication::notify(QObject* receiver, QEvent* event)
     return false;
 }
 
+void QuillonApplication::runCommand(const std::function<void()>& command)
+{
+    try {
+        command();
+    } catch (const std::exception& error) {
+        report(QString::fromLocal8Bit(error.what()));
+    } catch (...) {
+        report("Unknown error");
+    }
+}
+
+void QuillonApplication::report(const QString& reason)
+{
+    if (auto* application = qobject_cast<QuillonApplication*>(QCoreApplication::instance())) {
+        application->reportFailure(reason);
+        return;
+    }
+    // Under another application object (a tool that borrows a screen) the
+    // box is the same.
+    while (QApplication::overrideCursor() != nullptr)
+        QApplication::restoreOverrideCursor();
+    QMessageBox box(QMessageBox::Warning, failureTitle(), failureText(reason), QMessageBox::Ok,
+                    QApplication::activeWindow());
+    box.exec();
+}
+
 void QuillonApplication::reportFailure(const QString& reason)
 {
     // The hourglass of the command that failed must not stay.

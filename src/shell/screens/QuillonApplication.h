@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QString>
 
+#include <functional>
+
 namespace quillon {
 
 // The program's application object: the one place where the toolkit hands
@@ -19,7 +21,15 @@ public:
     static QString failureTitle() { return "Quillon Error"; }
     static QString failureText(const QString& reason);
 
+    // Runs a command of a menu, a key or a button, and turns a failure into
+    // the box before it reaches the toolkit. Commands are wired through
+    // this, so that a failure never unwinds through the toolkit's own
+    // frames (which the toolkit does not expect and where memory is lost);
+    // notify stays the last guard for everything else.
+    static void runCommand(const std::function<void()>& command);
+
 private:
+    static void report(const QString& reason);
     void reportFailure(const QString& reason);
 
     bool reporting_ = false;

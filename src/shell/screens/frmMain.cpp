@@ -37,6 +37,7 @@
 #include "output/CompareLast.h"
 #include "output/ListCommands.h"
 #include "shell/AppModel.h"
+#include "shell/screens/QuillonApplication.h"
 #include "shell/StartUp.h"
 #include "shell/screens/FormLaunchers.h"
 #include "shell/screens/MenuLayout.h"
@@ -278,7 +279,8 @@ void frmMain::setCommand(const QString& name, std::function<void()> command)
     if (target == nullptr)
         return;
     target->setEnabled(true);
-    connect(target, &QAction::triggered, this, [command = std::move(command)] { command(); });
+    connect(target, &QAction::triggered, this,
+            [command = std::move(command)] { QuillonApplication::runCommand(command); });
 }
 
 void frmMain::wireCommands()

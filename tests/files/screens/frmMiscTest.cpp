@@ -175,10 +175,11 @@ TEST(frmMiscSend, SendHidesTheDialogBeforeItsQuestionAndTheDialogStaysClosedAfte
     QtHost host;
     MemorySettingsStore store;
     TempFolder folder;
-    AppModel model{host, store, folder.path()};
+    // The ports outlive the model, which lets go of them when it ends.
     FakeMidiOutput output;
     FakeMidiInput input;
     ManualTimer timer;
+    AppModel model{host, store, folder.path()};
     model.midi.attach(&output, &input, &timer);
     model.misc.message = allDataMessage(countingImage(kAllDataImageBytes));
     model.misc.mode = 3;

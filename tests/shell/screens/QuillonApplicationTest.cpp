@@ -49,9 +49,12 @@ TEST(QuillonApplication, AClickWhoseCommandFailsShowsTheBoxAndTheButtonStillWork
     button.resize(80, 30);
     button.show();
     int clicks = 0;
+    // Wired as the window wires its commands.
     QObject::connect(&button, &QPushButton::clicked, [&clicks] {
-        if (++clicks == 1)
-            throw std::runtime_error("device gone");
+        QuillonApplication::runCommand([&clicks] {
+            if (++clicks == 1)
+                throw std::runtime_error("device gone");
+        });
     });
     QApplication::setOverrideCursor(Qt::WaitCursor);
     QString title;
@@ -63,6 +66,19 @@ TEST(QuillonApplication, AClickWhoseCommandFailsShowsTheBoxAndTheButtonStillWork
     EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the hourglass of the failed command is gone";
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(clicks, 2);
+}
+
+TEST(QuillonApplication, AFailedCommandNamesItsReasonInTheBoxAndNothingIsThrown)
+{
+    QString title;
+    QString text;
+    answerNextMessageBox("OK", &text, &title);
+
+    EXPECT_NO_THROW(QuillonApplication::runCommand([] { throw std::runtime_error("No MIDI input device"); }));
+
+    EXPECT_EQ(title, QuillonApplication::failureTitle());
+    EXPECT_TRUE(text.contains("[No MIDI input device]")) << text.toStdString();
+    EXPECT_TRUE(text.contains("Your work is still in memory")) << text.toStdString();
 }
 
 }  // namespace
