@@ -12,6 +12,7 @@
 #include "banks/PutInBank.h"
 #include "banks/TakeFromBank.h"
 #include "banks/screens/BankScreen.h"
+#include "banks/screens/RandomSpreadMenu.h"
 #include "banks/screens/frmFind.h"
 #include "editors/BankMerge.h"
 #include "editors/CopySpecial.h"
@@ -372,6 +373,7 @@ void frmMain::wireBankCommands()
     for (const char* item : {"mnuAutoSend1", "mnuAutoSend2"})
         bankScreen_->setCommand(item, [this] { showAutoSendForm(model_, model_.bankTarget, this); });
     wireReorderCommands();
+    wireRandomSpreadCommands(model_, action("mnuRandomBank"), action("mnuSpreadBank"), this);
 }
 
 void frmMain::wireReorderCommands()
