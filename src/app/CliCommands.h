@@ -34,6 +34,10 @@ int runConvert(const std::vector<std::string>& args, std::ostream& out, std::ost
 // A PatchBank file sorted by one of the ten keys of the bank view and saved
 // to another file.
 int runSort(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// A new PatchBank of 128 variations of a patch file, as Random 128 or Spread
+// 128 makes it with the settings of a Quillonset.dat, saved to a file.
+int runRandom(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+int runSpread(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 // The patches of .syx files (folders searched through) that meet every
 // condition given, by Find's rules: file, position in the file, bank place

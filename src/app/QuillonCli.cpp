@@ -25,6 +25,11 @@ constexpr std::string_view kUsage =
     "  sort BANK --by KEY --out OUT   a PatchBank file sorted as the bank view sorts it; KEY:\n"
     "                                 name, category, group, osc1, osc2, fx1, fx2, filter1,\n"
     "                                 filter2, arp\n"
+    "  random PATCH --out BANK [--settings FILE] [--seed N]\n"
+    "  spread PATCH --out BANK [--settings FILE]\n"
+    "                                 a new bank of 128 variations of PATCH, as Random 128 and\n"
+    "                                 Spread 128 make it with the Random or Spread settings of\n"
+    "                                 FILE (a Quillonset.dat; the data folder's when not given)\n"
     "  ports                          the MIDI input and output devices, numbered\n"
     "  request ITEM --out FILE [--in N] [--out-port N] [--channel C] [--timeout S]\n"
     "                                 asks the Z1 for ITEM (patch, bank-a, bank-b, multi,\n"
@@ -69,6 +74,10 @@ int main(int argc, char** argv)
         return quillon::runFindFiles(args, std::cout, std::cerr);
     if (command == "sort")
         return quillon::runSort(args, std::cout, std::cerr);
+    if (command == "random")
+        return quillon::runRandom(args, std::cout, std::cerr);
+    if (command == "spread")
+        return quillon::runSpread(args, std::cout, std::cerr);
     if (command == "ports")
         return quillon::runPorts(args, std::cout, std::cerr);
     if (command == "request")
