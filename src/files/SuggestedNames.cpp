@@ -40,8 +40,8 @@ std::string joined(const std::string& folder, const std::string& file)
     return (std::filesystem::path(folder) / file).string();
 }
 
-// The name as the label shows it: its text stops at the first character
-// that ends a text.
+}  // namespace
+
 std::string nameFromValues(const ParamValues& values)
 {
     std::string name;
@@ -53,8 +53,6 @@ std::string nameFromValues(const ParamValues& values)
     }
     return name;
 }
-
-}  // namespace
 
 std::span<const char* const> patchFileNameFormats()
 {
@@ -91,10 +89,15 @@ void doLabelFileName(AppModel& model, int kind)
 std::string doBuildPatchFileName(const AppModel& model, const std::string& folder, const std::string& name,
                                  int format, int selectedPlace)
 {
+    return doBuildPatchFileName(model, model.buffers.of(kPatch).current, folder, name, format, selectedPlace);
+}
+
+std::string doBuildPatchFileName(const AppModel& model, const ParamValues& patch, const std::string& folder,
+                                 const std::string& name, int format, int selectedPlace)
+{
     if (format < 0 || format > 9)
         return {};
     const std::string fileName = trimmedRight(fileNameFromName(name));
-    const ParamValues& patch = model.buffers.of(kPatch).current;
     const auto part = [&patch](char letter, int param) { return letter + padded(patch[param], 2); };
     const std::string p = part('p', kPatchCategoryParam);
     const std::string u = part('u', kUserGroupParam);

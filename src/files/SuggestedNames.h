@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/DataTypes.h"
+
 #include <span>
 #include <string>
 
@@ -17,6 +19,15 @@ void doLabelFileName(AppModel& model, int kind);
 // bank place of format 6.
 std::string doBuildPatchFileName(const AppModel& model, const std::string& folder, const std::string& name,
                                  int format, int selectedPlace = 0);
+
+// The same for a patch other than the one in the editor, such as a bank
+// patch being extracted: the parts of the formats come from its values.
+std::string doBuildPatchFileName(const AppModel& model, const ParamValues& patch, const std::string& folder,
+                                 const std::string& name, int format, int selectedPlace);
+
+// The name of an item as its label shows it: the characters of parameters
+// 1 to 16, stopping at the first one that ends a text.
+std::string nameFromValues(const ParamValues& values);
 
 // The captions of the ten formats as cmbFormat lists them, format 0 first.
 std::span<const char* const> patchFileNameFormats();

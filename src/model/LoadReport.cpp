@@ -7,7 +7,7 @@ namespace quillon {
 void LoadReport::add(std::string text)
 {
     ++changeCount_;
-    if (changeCount_ <= kTextLimit)
+    if (changeCount_ <= textLimit_)
         changeList_.push_back(std::move(text));
 }
 

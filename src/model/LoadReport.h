@@ -12,6 +12,10 @@ class LoadReport {
 public:
     static constexpr int kTextLimit = 100;
 
+    // A report that keeps up to textLimit texts; a report of its own, such
+    // as the one of an import run, may keep them all.
+    explicit LoadReport(int textLimit = kTextLimit) : textLimit_(textLimit) {}
+
     void add(std::string text);
     void reset();
 
@@ -19,6 +23,7 @@ public:
     const std::vector<std::string>& changeList() const { return changeList_; }
 
 private:
+    int textLimit_ = kTextLimit;
     int changeCount_ = 0;
     std::vector<std::string> changeList_;
 };
