@@ -211,7 +211,7 @@ void importFiles(AppModel& model, ImportState& state, const std::vector<std::fil
 void finishImport(AppModel& model, const ImportState& state, const std::string& folder)
 {
     const int bank = state.targetBank;
-    if (bank != kPatchBankA && bank != kPatchBankB)
+    if ((bank != kPatchBankA && bank != kPatchBankB) || !model.flags.loaded[bank])
         return;
     AppModel::Batch batch(model);
     fraBankSetUp(model);

@@ -99,7 +99,8 @@ void importFiles(AppModel& model, ImportState& state, const std::vector<std::fil
 
 // cmdDone: the bank view shows the target bank; when anything was written
 // the bank counts as changed and the undo ring is emptied. The folder
-// becomes the work folder.
+// becomes the work folder. With the target bank not loaded (no bank was
+// there to import into) nothing changes.
 void finishImport(AppModel& model, const ImportState& state, const std::string& folder);
 
 }  // namespace quillon

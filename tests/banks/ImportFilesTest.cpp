@@ -311,5 +311,15 @@ TEST_F(ImportFiles, DoneWithNothingWrittenKeepsTheFlagsAndTheUndoRing)
     EXPECT_EQ(model.mode, kPatchBankB);
 }
 
+TEST_F(ImportFiles, DoneWithNoBankLoadedLeavesTheScreenAlone)
+{
+    model.flags.loaded[kPatchBankA] = false;
+    model.flags.loaded[kPatchBankB] = false;
+    model.mode = kPatch;
+    finishImport(model, state, t.folder.path().string());
+    EXPECT_EQ(model.mode, kPatch);
+    EXPECT_NE(model.workFolder, t.folder.path().string());
+}
+
 }  // namespace
 }  // namespace quillon

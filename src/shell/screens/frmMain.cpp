@@ -14,6 +14,7 @@
 #include "banks/screens/BankScreen.h"
 #include "banks/screens/RandomSpreadMenu.h"
 #include "banks/screens/frmFind.h"
+#include "banks/screens/ImportCommands.h"
 #include "editors/BankMerge.h"
 #include "editors/CopySpecial.h"
 #include "editors/Frames.h"
@@ -374,6 +375,7 @@ void frmMain::wireBankCommands()
         bankScreen_->setCommand(item, [this] { showAutoSendForm(model_, model_.bankTarget, this); });
     wireReorderCommands();
     wireRandomSpreadCommands(model_, action("mnuRandomBank"), action("mnuSpreadBank"), this);
+    wireImportCommands(*this, model_, *bankScreen_);
 }
 
 void frmMain::wireReorderCommands()

@@ -189,7 +189,7 @@ TEST(frmMain, ToolbarKeysStandInOrderWithTheirTooltips)
 TEST(frmMain, CommandsNotBuiltYetArePresentAndDisabled)
 {
     MainWindow w;
-    EXPECT_FALSE(w.action("mnuImportToBank")->isEnabled());
+    EXPECT_FALSE(w.action("mnuPrint")->isEnabled());
     EXPECT_TRUE(w.action("mnuOpen")->isEnabled());
     EXPECT_TRUE(w.action("tlbMain_save")->isEnabled());
 }

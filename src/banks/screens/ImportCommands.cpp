@@ -1,0 +1,21 @@
+#include "banks/screens/ImportCommands.h"
+
+#include "banks/ExtractFiles.h"
+#include "banks/screens/BankScreen.h"
+#include "banks/screens/frmImport.h"
+
+#include <QAction>
+#include <QMainWindow>
+
+namespace quillon {
+
+void wireImportCommands(QMainWindow& window, AppModel& model, BankScreen& bankScreen)
+{
+    if (QAction* item = window.findChild<QAction*>("mnuImportToBank")) {
+        item->setEnabled(true);
+        QObject::connect(item, &QAction::triggered, &window, [&model, &window] { showImportForm(model, &window); });
+    }
+    bankScreen.setCommand("mnuExtractToFiles", [&model] { extractPatches(model); });
+}
+
+}  // namespace quillon
