@@ -3,6 +3,7 @@
 #include "banks/ExtractFiles.h"
 #include "banks/screens/BankScreen.h"
 #include "banks/screens/frmImport.h"
+#include "shell/screens/QuillonApplication.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -13,7 +14,9 @@ void wireImportCommands(QMainWindow& window, AppModel& model, BankScreen& bankSc
 {
     if (QAction* item = window.findChild<QAction*>("mnuImportToBank")) {
         item->setEnabled(true);
-        QObject::connect(item, &QAction::triggered, &window, [&model, &window] { showImportForm(model, &window); });
+        QObject::connect(item, &QAction::triggered, &window, [&model, &window] {
+            QuillonApplication::runCommand([&model, &window] { showImportForm(model, &window); });
+        });
     }
     bankScreen.setCommand("mnuExtractToFiles", [&model] { extractPatches(model); });
 }

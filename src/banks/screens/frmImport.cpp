@@ -4,6 +4,7 @@
 #include "model/Kind.h"
 #include "shell/AppModel.h"
 #include "shell/screens/FormLaunchers.h"
+#include "shell/screens/QuillonApplication.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -136,7 +137,7 @@ frmImport::frmImport(AppModel& model, QWidget* parent) : QDialog(parent), model_
         showFolder(QDir(folder_).absoluteFilePath(item->text()));
     });
     connect(files_, &QListWidget::itemSelectionChanged, this, &frmImport::countSelected);
-    connect(import_, &QPushButton::clicked, this, &frmImport::runImport);
+    connect(import_, &QPushButton::clicked, this, [this] { QuillonApplication::runCommand([this] { runImport(); }); });
     connect(stop_, &QPushButton::clicked, this, [this] { state_.stopRequested = true; });
     connect(clear_, &QPushButton::clicked, this, [this] {
         state_.results.clear();
@@ -213,10 +214,18 @@ void frmImport::runImport()
             files.push_back(folder / toPath(files_->item(row)->text()));
     }
     setRunning(true);
-    importFiles(model_, state_, files, startPatch_->currentIndex(), [this] {
-        showResults();
-        QApplication::processEvents();
-    });
+    try {
+        importFiles(model_, state_, files, startPatch_->currentIndex(), [this] {
+            showResults();
+            QApplication::processEvents();
+        });
+    } catch (...) {
+        // The buttons come back whatever ended the run; the failure goes on
+        // to the program's box.
+        state_.running = false;
+        setRunning(false);
+        throw;
+    }
     setRunning(false);
     showResults();
     // The names of the places written.
