@@ -67,6 +67,21 @@ void writeOpenFileSeeds(const fs::path& folder)
     put(folder, "stray.syx", Bytes{0xF0, 0x42, 0x30, 0x46, 0x40, 0xF7});
 }
 
+// Files offered to Import to Bank: a patch dump plain, with the longer
+// header, with stray bytes around it and in the container form; a container
+// with another block before the dump; and the lengths just outside.
+void writeImportFileSeeds(const fs::path& folder)
+{
+    const SysExMessage patch = patchMessage(countingImage(kPatchBytes));
+    put(folder, "patch.syx", patch);
+    put(folder, "long-patch.syx", longPatchMessage(countingImage(kPatchBytes)));
+    put(folder, "patch-with-stray-bytes.syx", withStrayBytes(patch, 60, 40));
+    put(folder, "wrapped-patch.syx", wrappedFile({patch}));
+    put(folder, "wrapped-block-and-patch.syx", wrappedFile({Bytes(12, 0x10), patch}));
+    put(folder, "too-short.syx", Bytes(665, 0xF0));
+    put(folder, "too-long.syx", Bytes(867, 0xF7));
+}
+
 void writeConversionSeeds(const fs::path& folder)
 {
     // Each message shape with its message; the long ones only with their
@@ -173,5 +188,6 @@ int main(int argc, char** argv)
     writeConversionSeeds(root / "fuzz_sysex_conversion");
     writeReceiveSeeds(root / "fuzz_receive_engine");
     writeDataFileSeeds(root / "fuzz_data_files");
+    writeImportFileSeeds(root / "fuzz_import_file");
     return 0;
 }

@@ -34,6 +34,13 @@ int runConvert(const std::vector<std::string>& args, std::ostream& out, std::ost
 // A PatchBank file sorted by one of the ten keys of the bank view and saved
 // to another file.
 int runSort(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// The patches of a PatchBank file written one to a file, named as Extract to
+// Files names them.
+int runExtract(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// Patch files imported into consecutive places of a PatchBank file as Import
+// to Bank imports them, the result lines on out, the bank saved to another
+// file.
+int runImport(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 // A new PatchBank of 128 variations of a patch file, as Random 128 or Spread
 // 128 makes it with the settings of a Quillonset.dat, saved to a file.
 int runRandom(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);

@@ -30,6 +30,12 @@ constexpr std::string_view kUsage =
     "                                 a new bank of 128 variations of PATCH, as Random 128 and\n"
     "                                 Spread 128 make it with the Random or Spread settings of\n"
     "                                 FILE (a Quillonset.dat; the data folder's when not given)\n"
+    "  extract BANK --out DIR [--members LIST] [--format N]\n"
+    "                                 each patch of a PatchBank file to a file of its own,\n"
+    "                                 named as Extract to Files names it\n"
+    "  import FILE_OR_DIR... --into BANK --at POS [--bank a|b] --out OUT\n"
+    "                                 patch files into consecutive places of a PatchBank\n"
+    "                                 from POS, as Import to Bank does\n"
     "  ports                          the MIDI input and output devices, numbered\n"
     "  request ITEM --out FILE [--in N] [--out-port N] [--channel C] [--timeout S]\n"
     "                                 asks the Z1 for ITEM (patch, bank-a, bank-b, multi,\n"
@@ -74,6 +80,10 @@ int main(int argc, char** argv)
         return quillon::runFindFiles(args, std::cout, std::cerr);
     if (command == "sort")
         return quillon::runSort(args, std::cout, std::cerr);
+    if (command == "extract")
+        return quillon::runExtract(args, std::cout, std::cerr);
+    if (command == "import")
+        return quillon::runImport(args, std::cout, std::cerr);
     if (command == "random")
         return quillon::runRandom(args, std::cout, std::cerr);
     if (command == "spread")

@@ -78,7 +78,8 @@ struct ImportBankChoice {
 };
 ImportBankChoice importBankChoice(const AppModel& model);
 
-// The 128 rows of cmbStartPatch for a bank: "A000 " and the name, ...
+// The 128 rows of cmbStartPatch for a bank: the bank letter, the place in
+// three digits, a blank and the name, from "A000" or "B000" on.
 std::vector<std::string> startPatchRows(const AppModel& model, int bank);
 
 // "3 files selected".
