@@ -72,16 +72,10 @@ int runExtract(const std::vector<std::string>& args, std::ostream& out, std::ost
         return kExitUsage;
     }
     CliSession session;
-    std::string error;
-    const auto kind = session.open(parsed->in, error);
-    if (!kind) {
-        err << error << '\n';
-        return error.starts_with("cannot read") ? kExitUsage : kExitBadData;
-    }
-    if (*kind != kPatchBankA && *kind != kPatchBankB) {
-        err << parsed->in << ": not a PatchBank; only the patches of a bank can be extracted\n";
-        return kExitBadData;
-    }
+    int exitCode = kExitOk;
+    const auto kind = session.openPatchBank(parsed->in, "not a PatchBank; only the patches of a bank can be extracted", err, exitCode);
+    if (!kind)
+        return exitCode;
     std::error_code folderError;
     std::filesystem::create_directories(parsed->out, folderError);
     if (!std::filesystem::is_directory(parsed->out, folderError)) {

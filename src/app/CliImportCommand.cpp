@@ -86,16 +86,10 @@ int runImport(const std::vector<std::string>& args, std::ostream& out, std::ostr
         return kExitUsage;
     }
     CliSession session;
-    std::string error;
-    const auto kind = session.open(parsed->into, error);
-    if (!kind) {
-        err << error << '\n';
-        return error.starts_with("cannot read") ? kExitUsage : kExitBadData;
-    }
-    if (*kind != kPatchBankA && *kind != kPatchBankB) {
-        err << parsed->into << ": not a PatchBank; patches can be imported into a bank only\n";
-        return kExitBadData;
-    }
+    int exitCode = kExitOk;
+    const auto kind = session.openPatchBank(parsed->into, "not a PatchBank; patches can be imported into a bank only", err, exitCode);
+    if (!kind)
+        return exitCode;
     AppModel& model = session.model();
     const int bank = parsed->bank != 0 ? parsed->bank : *kind;
     if (bank != *kind) {

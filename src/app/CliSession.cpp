@@ -1,5 +1,6 @@
 #include "app/CliSession.h"
 
+#include "app/CliCommands.h"
 #include "banks/TakeFromBank.h"
 #include "files/MiscDialog.h"
 #include "files/OpenSysExFile.h"
@@ -122,6 +123,24 @@ std::optional<int> CliSession::takeItem(int openedKind, std::optional<int> membe
         return takeMultiFromBank(model, bank, n % kMultisPerBank) ? std::optional<int>(kMultiset) : std::nullopt;
     }
     return refuse("this file holds global or MIDI settings, which have no parameters here");
+}
+
+std::optional<int> CliSession::openPatchBank(const std::string& path, const std::string& refusal, std::ostream& err,
+                                             int& exitCode)
+{
+    std::string error;
+    const auto kind = open(path, error);
+    if (!kind) {
+        err << error << '\n';
+        exitCode = error.starts_with("cannot read") ? kExitUsage : kExitBadData;
+        return std::nullopt;
+    }
+    if (*kind != kPatchBankA && *kind != kPatchBankB) {
+        err << path << ": " << refusal << '\n';
+        exitCode = kExitBadData;
+        return std::nullopt;
+    }
+    return kind;
 }
 
 }  // namespace quillon

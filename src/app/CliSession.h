@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <ostream>
 #include <string>
 
 namespace quillon {
@@ -28,6 +29,12 @@ public:
     // to 8), 9 for a file of several kinds (its message waits in the
     // model), or nothing with the reason in error.
     std::optional<int> open(const std::string& path, std::string& error);
+
+    // Opens a file that must hold a PatchBank: gives its Kind (2 or 3), or
+    // writes why not to err (the refusal after the path for a file of
+    // another kind) and gives nothing with the exit code in exitCode.
+    std::optional<int> openPatchBank(const std::string& path, const std::string& refusal, std::ostream& err,
+                                     int& exitCode);
 
     // The patch, multiset or pattern of an opened file in its editor: a
     // single item as it is, a bank's member taken out (N from 0), and for a

@@ -57,16 +57,10 @@ int runSort(const std::vector<std::string>& args, std::ostream& out, std::ostrea
         return kExitUsage;
     }
     CliSession session;
-    std::string error;
-    const auto kind = session.open(parsed->in, error);
-    if (!kind) {
-        err << error << '\n';
-        return error.starts_with("cannot read") ? kExitUsage : kExitBadData;
-    }
-    if (*kind != kPatchBankA && *kind != kPatchBankB) {
-        err << parsed->in << ": not a PatchBank; only the patches of a bank can be sorted\n";
-        return kExitBadData;
-    }
+    int exitCode = kExitOk;
+    const auto kind = session.openPatchBank(parsed->in, "not a PatchBank; only the patches of a bank can be sorted", err, exitCode);
+    if (!kind)
+        return exitCode;
     AppModel& model = session.model();
     // The same command the bank view's menu runs, on the bank on show.
     model.mode = *kind;

@@ -2,6 +2,7 @@
 
 #include "app/CliRun.h"
 #include "app/CliSession.h"
+#include "banks/ImportFixtures.h"
 #include "files/AtomicFile.h"
 #include "model/Kind.h"
 #include "support/TestModel.h"
@@ -17,22 +18,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-ByteImage patchNamed(const std::string& name, int seed)
-{
-    ByteImage image(kPatchBytes);
-    for (int i = 0; i < kPatchBytes; ++i)
-        image[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>((seed * 11 + i * 3) & 0xFF);
-    const std::string padded = (name + std::string(16, ' ')).substr(0, 16);
-    std::copy(padded.begin(), padded.end(), image.begin());
-    return image;
-}
-
 // A bank file of patches "Tone 000" ... with data of their own.
 ByteImage writeBank(const fs::path& path, int bank, const std::string& stem)
 {
     ByteImage image(byteImageSize(bank), 0);
     for (int p = 0; p < kPatchesPerBank; ++p) {
-        const ByteImage one = patchNamed(stem + " " + std::to_string(1000 + p).substr(1), p + bank);
+        const ByteImage one = namedPatch(stem + " " + std::to_string(1000 + p).substr(1), p + bank);
         std::copy(one.begin(), one.end(), image.begin() + static_cast<std::ptrdiff_t>(p) * kPatchBytes);
     }
     EXPECT_TRUE(writeFileAtomically(path, patchBankDump(bank, 1, DATAtoMIDI(bank, image))));
@@ -94,7 +85,7 @@ TEST(CliExtract, BadArgumentsAndAFileThatIsNoBankAreRefused)
     EXPECT_EQ(run(runExtract, {(folder / "bank.syx").string(), "--out", "x", "--format", "10"}).exitCode, kExitUsage);
     EXPECT_EQ(run(runExtract, {(folder / "bank.syx").string(), "--out", "x", "--members", "128"}).exitCode,
               kExitUsage);
-    EXPECT_TRUE(writeFileAtomically(folder / "patch.syx", currentPatchDump(1, DATAtoMIDI(kPatch, patchNamed("P", 1)))));
+    EXPECT_TRUE(writeFileAtomically(folder / "patch.syx", patchFileBytes(namedPatch("P", 1))));
     EXPECT_EQ(run(runExtract, {(folder / "patch.syx").string(), "--out", (folder / "o").string()}).exitCode,
               kExitBadData);
 }
@@ -125,7 +116,7 @@ TEST(CliImport, TheResultLinesOfEveryFileAreWrittenAndTheBankLetterCanChange)
 {
     TempFolder folder;
     const ByteImage bank = writeBank(folder / "b.syx", kPatchBankB, "Old");
-    EXPECT_TRUE(writeFileAtomically(folder / "new.syx", currentPatchDump(1, DATAtoMIDI(kPatch, patchNamed("New", 3)))));
+    EXPECT_TRUE(writeFileAtomically(folder / "new.syx", patchFileBytes(namedPatch("New", 3))));
     EXPECT_TRUE(writeFileAtomically(folder / "tiny.syx", std::vector<std::uint8_t>(10, 0)));
     const auto result = run(runImport, {(folder / "tiny.syx").string(), (folder / "new.syx").string(), "--into",
                                         (folder / "b.syx").string(), "--at", "126", "--bank", "a", "--out",
@@ -136,7 +127,7 @@ TEST(CliImport, TheResultLinesOfEveryFileAreWrittenAndTheBankLetterCanChange)
                                                            "1 patches imported into " + (folder / "out.syx").string()}));
     int kind = 0;
     ByteImage expected = bank;
-    const ByteImage patch = patchNamed("New", 3);
+    const ByteImage patch = namedPatch("New", 3);
     std::copy(patch.begin(), patch.end(), expected.begin() + 126 * kPatchBytes);
     EXPECT_EQ(bankInFile(folder / "out.syx", kind), expected);
     EXPECT_EQ(kind, kPatchBankA);

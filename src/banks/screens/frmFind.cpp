@@ -2,6 +2,7 @@
 
 #include "banks/BankFind.h"
 #include "shell/AppModel.h"
+#include "shell/screens/FormButtons.h"
 #include "shell/screens/FormLaunchers.h"
 
 #include <QComboBox>
@@ -17,14 +18,6 @@
 namespace quillon {
 
 namespace {
-
-QPushButton* button(const QString& name, const QString& caption, QWidget* parent)
-{
-    auto* b = new QPushButton(caption, parent);
-    b->setObjectName(name);
-    b->setAutoDefault(false);
-    return b;
-}
 
 QStringList toList(const std::vector<std::string>& rows)
 {
@@ -58,9 +51,9 @@ frmFind::frmFind(AppModel& model, QWidget* parent) : QDialog(parent), model_(mod
     nameRow->addWidget(textOptions_, 0, 0);
     nameRow->addWidget(text_, 0, 1);
     auto* nameButtons = new QHBoxLayout;
-    QPushButton* cmdFindText = button("cmdFindText", "Find", byName);
-    QPushButton* cmdFindTextPlus = button("cmdFindTextPlus", "+", byName);
-    QPushButton* cmdFindTextMinus = button("cmdFindTextMinus", "-", byName);
+    QPushButton* cmdFindText = namedButton("cmdFindText", "Find", byName);
+    QPushButton* cmdFindTextPlus = namedButton("cmdFindTextPlus", "+", byName);
+    QPushButton* cmdFindTextMinus = namedButton("cmdFindTextMinus", "-", byName);
     for (QPushButton* b : {cmdFindText, cmdFindTextPlus, cmdFindTextMinus})
         nameButtons->addWidget(b);
     nameRow->addLayout(nameButtons, 0, 2);
@@ -83,18 +76,18 @@ frmFind::frmFind(AppModel& model, QWidget* parent) : QDialog(parent), model_(mod
     typeRow->addWidget(lblIs, 0, 1);
     typeRow->addWidget(typeName_, 0, 2);
     auto* typeButtons = new QHBoxLayout;
-    QPushButton* cmdFindType = button("cmdFindType", "Find", byType);
-    QPushButton* cmdFindTypePlus = button("cmdFindTypePlus", "+", byType);
-    QPushButton* cmdFindTypeMinus = button("cmdFindTypeMinus", "-", byType);
+    QPushButton* cmdFindType = namedButton("cmdFindType", "Find", byType);
+    QPushButton* cmdFindTypePlus = namedButton("cmdFindTypePlus", "+", byType);
+    QPushButton* cmdFindTypeMinus = namedButton("cmdFindTypeMinus", "-", byType);
     for (QPushButton* b : {cmdFindType, cmdFindTypePlus, cmdFindTypeMinus})
         typeButtons->addWidget(b);
     typeRow->addLayout(typeButtons, 0, 3);
 
     auto* bottom = new QHBoxLayout;
-    QPushButton* cmdSwitchButton = button("cmdSwitch", "Switch", this);
+    QPushButton* cmdSwitchButton = namedButton("cmdSwitch", "Switch", this);
     cmdSwitchButton->setToolTip("Select the patches not selected, and deselect the others");
-    QPushButton* cmdDone = button("cmdDone", "Done", this);
-    QPushButton* cmdHelp = button("cmdHelp", "Help", this);
+    QPushButton* cmdDone = namedButton("cmdDone", "Done", this);
+    QPushButton* cmdHelp = namedButton("cmdHelp", "Help", this);
     bottom->addWidget(cmdSwitchButton);
     bottom->addStretch(1);
     bottom->addWidget(cmdDone);

@@ -3,6 +3,7 @@
 #include "files/UserFolders.h"
 #include "model/Kind.h"
 #include "shell/AppModel.h"
+#include "shell/screens/FormButtons.h"
 #include "shell/screens/FormLaunchers.h"
 #include "shell/screens/QuillonApplication.h"
 
@@ -23,14 +24,6 @@
 namespace quillon {
 
 namespace {
-
-QPushButton* button(const QString& name, const QString& caption, QWidget* parent)
-{
-    auto* b = new QPushButton(caption, parent);
-    b->setObjectName(name);
-    b->setAutoDefault(false);
-    return b;
-}
 
 QString toQString(const std::string& text) { return QString::fromStdString(text); }
 
@@ -95,11 +88,11 @@ frmImport::frmImport(AppModel& model, QWidget* parent) : QDialog(parent), model_
     bankColumn->addWidget(new QLabel("Starting at", bankBox));
     bankColumn->addWidget(startPatch_);
 
-    import_ = button("cmdImport", "Import", this);
-    stop_ = button("cmdStop", "Stop", this);
-    clear_ = button("cmdClear", "Clear", this);
-    done_ = button("cmdDone", "Done", this);
-    QPushButton* help = button("cmdHelp", "Help", this);
+    import_ = namedButton("cmdImport", "Import", this);
+    stop_ = namedButton("cmdStop", "Stop", this);
+    clear_ = namedButton("cmdClear", "Clear", this);
+    done_ = namedButton("cmdDone", "Done", this);
+    QPushButton* help = namedButton("cmdHelp", "Help", this);
     auto* buttons = new QHBoxLayout;
     for (QPushButton* b : {import_, stop_, clear_, done_, help})
         buttons->addWidget(b);

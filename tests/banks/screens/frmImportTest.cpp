@@ -1,6 +1,7 @@
 #include "banks/screens/frmImport.h"
 
 #include "banks/ImportFiles.h"
+#include "banks/ImportFixtures.h"
 #include "files/AtomicFile.h"
 #include "model/BankImage.h"
 #include "model/Kind.h"
@@ -33,24 +34,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-ByteImage patchNamed(const std::string& name, int seed)
-{
-    ByteImage image(kPatchBytes);
-    for (int i = 0; i < kPatchBytes; ++i)
-        image[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>((seed * 31 + i) & 0x7F);
-    for (int i = 0; i < 16; ++i)
-        image[static_cast<std::size_t>(i)] =
-            static_cast<std::uint8_t>(i < static_cast<int>(name.size()) ? name[static_cast<std::size_t>(i)] : ' ');
-    return image;
-}
-
 // A bank file of patches named "<letter>nk 000" ...
 fs::path writeBank(const fs::path& path, int bank)
 {
     ByteImage image(byteImageSize(bank), 0);
     for (int p = 0; p < kPatchesPerBank; ++p) {
         const std::string name = (bank == kPatchBankA ? "Ank " : "Bnk ") + std::to_string(1000 + p).substr(1);
-        const ByteImage patch = patchNamed(name, p);
+        const ByteImage patch = namedPatch(name, p);
         std::copy(patch.begin(), patch.end(), image.begin() + p * kPatchBytes);
     }
     EXPECT_TRUE(writeFileAtomically(path, patchBankDump(bank, 1, DATAtoMIDI(bank, image))));
@@ -119,7 +109,7 @@ TEST(frmImport, AFolderOfPatchFilesGoesIntoBankBThroughTheFormsWidgets)
     fs::create_directory(in);
     for (int i = 0; i < 3; ++i)
         EXPECT_TRUE(writeFileAtomically(in / ("p" + std::to_string(i) + ".syx"),
-                                        currentPatchDump(1, DATAtoMIDI(kPatch, patchNamed("Imported " + std::to_string(i), 50 + i)))));
+                                        patchFileBytes(namedPatch("Imported " + std::to_string(i), 50 + i))));
     EXPECT_TRUE(writeFileAtomically(in / "notes.syx", std::vector<std::uint8_t>(100, 0)));
     w.model.workFolder = w.folder.path().string();
 
@@ -177,7 +167,7 @@ TEST(frmImport, StopWhileARunGoesKeepsThePatchesWrittenBeforeIt)
     fs::create_directory(in);
     for (int i = 0; i < 6; ++i)
         EXPECT_TRUE(writeFileAtomically(in / ("p" + std::to_string(i) + ".syx"),
-                                        currentPatchDump(1, DATAtoMIDI(kPatch, patchNamed("Run " + std::to_string(i), i)))));
+                                        patchFileBytes(namedPatch("Run " + std::to_string(i), i))));
     w.model.workFolder = in.string();
 
     std::vector<std::string> lines;
