@@ -231,7 +231,7 @@ void frmImport::done(int result)
         return;
     if (!finished_) {
         finished_ = true;
-        finishImport(model_, state_, folder_.toStdString());
+        finishImport(model_, state_, toPath(folder_).string());
     }
     QDialog::done(result);
 }
