@@ -37,7 +37,9 @@ struct FileDialogRequest {
 enum class StatusColour : int { Busy = 16576, Done = 32768, Error = 192, Destination = 32768 };
 
 // The shared Dialog of the bank commands in mode 1 (where a patch goes), 4
-// (a multiset) or 5 (a pattern): the names it shows and where it starts.
+// (a multiset) or 5 (a pattern): the names it shows and where it starts. In
+// modes 2 and 3 (a new Random or Spread bank) it asks only for the PatchBank
+// and gives its Kind, 2 or 3.
 struct BankDialogRequest {
     int mode = 0;
     // The name now standing at a place: mode 1 a combined patch position

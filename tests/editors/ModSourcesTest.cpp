@@ -51,6 +51,15 @@ TEST(ModSources, SourceTablesAreFourteenFifteenThirtyTwoAndSeventyFour)
     EXPECT_TRUE(isModSource(kLfo1FreqMod1Sce));
 }
 
+TEST(ModSources, NodeTimeSourcesDriveFourIntensitiesAndAFewSourcesNone)
+{
+    for (int source : {45, 64, 83, 102, 347})
+        EXPECT_EQ(intensitiesOfSource(source), 4) << source;
+    for (int source : {22, 320, 329, 851, 933, 954, 991, 993, 1243, 1325})
+        EXPECT_EQ(intensitiesOfSource(source), 0) << source;
+    EXPECT_EQ(intensitiesOfSource(110), 1);
+}
+
 TEST(TidyUpPatch, SourceAtZeroLosesAnIntensityOfTwentyAndASourceAtOneKeepsIt)
 {
     PatchEditor t;
