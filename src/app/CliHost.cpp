@@ -23,6 +23,7 @@ Answer CliHost::showMessage(const MessageRequest& request)
         }
         return Answer::Yes;  // "Do you still want to save?"
     case MessageButtons::YesNoCancel: return Answer::No;     // no edits of ours to save first
+    case MessageButtons::OkCancel: return Answer::Cancel;    // no one to pick a file
     }
     return Answer::Ok;
 }

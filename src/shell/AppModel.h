@@ -20,6 +20,7 @@
 #include "shell/Host.h"
 
 #include <array>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -29,11 +30,14 @@ namespace quillon {
 inline constexpr int kRecentFiles = 20;
 inline constexpr int kRecentMenuSlots = 10;
 
-// What Remap knows of the new arrangement of the patch banks: the names of
-// its lists by combined position (bank B from 128), and whether both new
-// lists have been read.
+// What Remap knows of the old and new arrangement of the patch banks: the
+// names of its lists by combined position (bank B from 128), whether both new
+// lists have been read, and the table from each old position to the new
+// position of the patch of the same name (-1 when none has it).
 struct RemapLists {
+    std::array<std::string, 256> oldNames;
     std::array<std::string, 256> newNames;
+    std::array<std::int16_t, 256> remapTable{};
     bool newListsPresent = false;
 };
 

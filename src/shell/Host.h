@@ -12,7 +12,7 @@ namespace quillon {
 
 enum class MessageIcon { None, Information, Exclamation, Critical, Question };
 
-enum class MessageButtons { Ok, YesNo, YesNoCancel };
+enum class MessageButtons { Ok, YesNo, YesNoCancel, OkCancel };
 
 enum class Answer { Ok, Yes, No, Cancel };
 
@@ -63,6 +63,20 @@ public:
     virtual int chooseBankPlace(const BankDialogRequest&) { return -1; }
 
     virtual Answer showMessage(const MessageRequest& request) = 0;
+
+    // A question of a dialogue of several steps (Create Remap) on the
+    // program's own MessageBox form: style 3 asks Yes, No or Cancel, style 1
+    // OK or Cancel, any other style just tells with OK. A host without that
+    // form asks through showMessage.
+    virtual Answer askStep(const std::string& title, const std::string& text, int style)
+    {
+        MessageRequest box;
+        box.title = title;
+        box.text = text;
+        box.icon = MessageIcon::Question;
+        box.buttons = style == 3 ? MessageButtons::YesNoCancel : style == 1 ? MessageButtons::OkCancel : MessageButtons::Ok;
+        return showMessage(box);
+    }
 
     // The chosen path, or nothing when the user cancels. The open dialog
     // accepts only a file that exists; the save dialog asks before it

@@ -1,5 +1,6 @@
 #include "shell/StartUp.h"
 
+#include "banks/RemapLists.h"
 #include "editors/EnvelopeGraph.h"
 #include "editors/ItemStatus.h"
 #include "editors/Navigation.h"
@@ -110,6 +111,8 @@ bool doFormLoadMain(AppModel& model, const StartUpSurroundings& surroundings)
 
         progress = kStartRecentFiles;
         recentFilesSetup(model);
+        // The multiset screen names timbres from the new lists of a remap.
+        checkNewLists(model);
     } catch (const std::exception& error) {
         model.host().showMessage(
             {"Startup Error", startUpErrorText(errorNumber(error), error.what(), progress), MessageIcon::Exclamation});

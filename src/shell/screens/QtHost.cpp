@@ -1,6 +1,7 @@
 #include "shell/screens/QtHost.h"
 
 #include "shell/screens/Dialog.h"
+#include "shell/screens/MessageBox.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -68,6 +69,7 @@ Answer QtHost::showMessage(const MessageRequest& request)
     case MessageButtons::YesNoCancel:
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         break;
+    case MessageButtons::OkCancel: box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
     }
     QPushButton* help = nullptr;
     if (request.help) {
@@ -83,7 +85,21 @@ Answer QtHost::showMessage(const MessageRequest& request)
     case QMessageBox::Yes: return Answer::Yes;
     case QMessageBox::No: return Answer::No;
     case QMessageBox::Cancel: return Answer::Cancel;
-    default: return request.buttons == MessageButtons::YesNoCancel ? Answer::Cancel : Answer::Ok;
+    case QMessageBox::Ok: return Answer::Ok;
+    default:
+        return request.buttons == MessageButtons::YesNoCancel || request.buttons == MessageButtons::OkCancel
+                   ? Answer::Cancel
+                   : Answer::Ok;
+    }
+}
+
+Answer QtHost::askStep(const std::string& title, const std::string& text, int style)
+{
+    switch (showMessageBox(QString::fromStdString(text), style, QString::fromStdString(title), parent_)) {
+    case kAnswerYes: return Answer::Yes;
+    case kAnswerNo: return Answer::No;
+    case kAnswerCancel: return Answer::Cancel;
+    default: return Answer::Ok;
     }
 }
 

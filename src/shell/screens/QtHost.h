@@ -19,6 +19,7 @@ public:
     void setHelp(std::function<void(int)> showHelp) { showHelp_ = std::move(showHelp); }
 
     Answer showMessage(const MessageRequest& request) override;
+    Answer askStep(const std::string& title, const std::string& text, int style) override;
     std::optional<std::string> chooseOpenFile(const FileDialogRequest& request) override;
     std::optional<std::string> chooseSaveFile(const FileDialogRequest& request) override;
     void setStatus(const std::string& text, StatusColour colour) override;

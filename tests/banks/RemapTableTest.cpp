@@ -1,0 +1,254 @@
+#include "banks/RemapTable.h"
+
+#include "RemapFixtures.h"
+#include "files/AtomicFile.h"
+#include "model/Kind.h"
+#include "support/TestModel.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace quillon {
+namespace {
+
+RemapNames blankNames()
+{
+    RemapNames names;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        names[i] = "Name " + std::to_string(i);
+    return names;
+}
+
+RemapTable identityTable()
+{
+    RemapTable table{};
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<std::int16_t>(i);
+    return table;
+}
+
+TEST(RemapMatch, APatchMovedElsewhereIsFoundAtItsNewPlace)
+{
+    RemapNames oldNames = blankNames();
+    RemapNames newNames = blankNames();
+    std::swap(newNames[3], newNames[200]);
+    const RemapTable table = matchNames(oldNames, newNames);
+    EXPECT_EQ(table[3], 200);
+    EXPECT_EQ(table[200], 3);
+    EXPECT_EQ(table[4], 4);
+}
+
+TEST(RemapMatch, APatchRenamedBetweenTheMapsComesOutAsMinusOneAndGoesToA000InEveryMultisetThatUsedIt)
+{
+    RemapNames oldNames = blankNames();
+    RemapNames newNames = blankNames();
+    newNames[140] = "Renamed";
+    const RemapTable table = matchNames(oldNames, newNames);
+    EXPECT_EQ(table[140], -1);
+
+    TestModel t;
+    t.model.remap.remapTable = table;
+    t.model.flags.loaded[kMultiBankA] = true;
+    for (int position : {0, 9})
+        bankTimbre(t.model, kMultiBankA, position, 2) = 140;
+    bankTimbre(t.model, kMultiBankA, 5, 4) = 140;
+    bankTimbre(t.model, kMultiBankA, 5, 5) = 141;
+    for (int position = 0; position < kMultisPerBank; ++position)
+        remapMultiset(t.model, kMultiBankA, position);
+    EXPECT_EQ(bankTimbre(t.model, kMultiBankA, 0, 2), 0);
+    EXPECT_EQ(bankTimbre(t.model, kMultiBankA, 9, 2), 0);
+    EXPECT_EQ(bankTimbre(t.model, kMultiBankA, 5, 4), 0);
+    EXPECT_EQ(bankTimbre(t.model, kMultiBankA, 5, 5), 141);
+
+    t.model.flags.loaded[kMultiset] = true;
+    setEditTimbre(t.model, 6, 140);
+    setEditTimbre(t.model, 1, 141);
+    remapMultiset(t.model, 0, 0);
+    EXPECT_EQ(editTimbre(t.model, 6), 0);
+    EXPECT_EQ(editTimbre(t.model, 1), 141);
+}
+
+TEST(RemapMatch, TwoOldPatchesNamedAlikeBothGoToTheFirstPositionOfThatNameInTheNewList)
+{
+    RemapNames oldNames = blankNames();
+    RemapNames newNames = blankNames();
+    oldNames[10] = "Twin";
+    oldNames[150] = "Twin";
+    newNames[40] = "Twin";
+    newNames[7] = "Twin";
+    newNames[220] = "Twin";
+    const RemapTable table = matchNames(oldNames, newNames);
+    EXPECT_EQ(table[10], 7);
+    EXPECT_EQ(table[150], 7);
+}
+
+TEST(RemapMatch, NamesDifferingOnlyInCaseMatch)
+{
+    RemapNames oldNames = blankNames();
+    RemapNames newNames = blankNames();
+    oldNames[20] = "Warm PAD  ";
+    newNames[20] = "Other";
+    newNames[90] = "wARM pad  ";
+    const RemapTable table = matchNames(oldNames, newNames);
+    EXPECT_EQ(table[20], 90);
+}
+
+TEST(RemapMatch, NamesMatchOnlyAsAWholeBlanksIncluded)
+{
+    RemapNames oldNames = blankNames();
+    RemapNames newNames = blankNames();
+    oldNames[1] = "Pad ";
+    newNames[1] = "Pad";
+    newNames[2] = "Pad  ";
+    const RemapTable table = matchNames(oldNames, newNames);
+    EXPECT_EQ(table[1], -1);
+}
+
+TEST(RemapMatch, EmptyNamesMatchEmptyNames)
+{
+    RemapNames oldNames{};
+    RemapNames newNames{};
+    const RemapTable table = matchNames(oldNames, newNames);
+    for (const std::int16_t value : table)
+        EXPECT_EQ(value, 0);
+}
+
+TEST(RemapMatch, TheBubbleSortKeepsEqualNamesInTheirOrder)
+{
+    RemapNames names = blankNames();
+    names[200] = "aaa";
+    names[3] = "AAA";
+    names[100] = "aAa";
+    const auto order = bubbleSortedPositions(names, compareNamesIgnoringCase);
+    EXPECT_EQ(order[0], 3);
+    EXPECT_EQ(order[1], 100);
+    EXPECT_EQ(order[2], 200);
+}
+
+TEST(RemapMultiset, ATimbreAbove127GoesThroughTheBHalfOfTheTable)
+{
+    TestModel t;
+    RemapTable table = identityTable();
+    table[5] = 60;     // A005 went to A060
+    table[133] = 250;  // B005 went to B122
+    t.model.remap.remapTable = table;
+    t.model.flags.loaded[kMultiset] = true;
+    setEditTimbre(t.model, 3, 133);
+    setEditTimbre(t.model, 4, 5);
+    remapMultiset(t.model, 0, 0);
+    EXPECT_EQ(editTimbre(t.model, 3), 250);
+    EXPECT_EQ(editTimbre(t.model, 4), 60);
+}
+
+TEST(RemapMultiset, TheEditMultisetIsShownAgainAndNoLongerClean)
+{
+    TestModel t;
+    t.model.remap.remapTable = identityTable();
+    t.model.remap.remapTable[17] = 18;
+    t.model.flags.loaded[kMultiset] = true;
+    t.model.flags.clean[kMultiset] = true;
+    setEditTimbre(t.model, 1, 17);
+    remapMultiset(t.model, 0, 0);
+    EXPECT_EQ(editTimbre(t.model, 1), 18);
+    EXPECT_EQ(t.model.itemImage(kMultiset)[16], 18);
+    EXPECT_FALSE(t.model.flags.clean[kMultiset]);
+}
+
+TEST(RemapMultiset, ABankMultisetIsWrittenBackAndTheBankIsNoLongerClean)
+{
+    TestModel t;
+    t.model.remap.remapTable = identityTable();
+    t.model.remap.remapTable[0] = 255;
+    t.model.flags.loaded[kMultiBankB] = true;
+    t.model.flags.clean[kMultiBankB] = true;
+    bankTimbre(t.model, kMultiBankB, 15, 6) = 0;
+    bankTimbre(t.model, kMultiBankB, 14, 6) = 0;
+    remapMultiset(t.model, kMultiBankB, 15);
+    EXPECT_EQ(bankTimbre(t.model, kMultiBankB, 15, 6), 255);
+    EXPECT_EQ(bankTimbre(t.model, kMultiBankB, 14, 6), 0);
+    EXPECT_FALSE(t.model.flags.clean[kMultiBankB]);
+    EXPECT_TRUE(t.model.flags.changed[kMultiBankB]);
+}
+
+TEST(RemapMultiset, OnlyTheSixPatchNumberBytesChange)
+{
+    RemapTable table{};
+    table.fill(-1);
+    std::vector<std::uint8_t> image(kMultiBytes, 77);
+    remapMultiImage(table, image);
+    for (std::size_t i = 0; i < image.size(); ++i) {
+        const bool timbreByte = i >= 16 && i <= 96 && (i - 16) % 16 == 0;
+        EXPECT_EQ(image[i], timbreByte ? 0 : 77) << i;
+    }
+}
+
+TEST(RemapTableFile, SavedAndLoadedTheTableIsTheSame)
+{
+    TestModel t;
+    RemapTable table = identityTable();
+    table[7] = -1;
+    table[255] = 0;
+    t.model.remap.remapTable = table;
+    ASSERT_TRUE(saveRemapTable(t.model));
+    std::vector<std::string> lines;
+    ASSERT_TRUE(readLines(remapTablePath(t.model), lines));
+    ASSERT_EQ(lines.size(), 256u);
+    EXPECT_EQ(lines[7], "-1");
+    EXPECT_EQ(lines[8], "8");
+    t.model.remap.remapTable.fill(3);
+    ASSERT_TRUE(loadRemapTable(t.model));
+    EXPECT_EQ(t.model.remap.remapTable, table);
+}
+
+TEST(RemapTableFile, AWriteProtectedTableIsReplaced)
+{
+    TestModel t;
+    writeRemapFile(t.model, RemapTable{});
+    std::filesystem::permissions(remapTablePath(t.model), std::filesystem::perms::owner_read);
+    t.model.remap.remapTable = identityTable();
+    EXPECT_TRUE(saveRemapTable(t.model));
+    ASSERT_TRUE(loadRemapTable(t.model));
+    EXPECT_EQ(t.model.remap.remapTable[9], 9);
+}
+
+TEST(RemapTableFile, ATableThatCannotBeWrittenSaysSo)
+{
+    TestModel t;
+    std::filesystem::create_directory(remapTablePath(t.model));
+    std::filesystem::create_directory(remapTablePath(t.model) / "inside");
+    t.host.expectMessage("Problem Saving Remap", Answer::Ok, "Please check that file Quillonrmp.dat is write enabled");
+    EXPECT_FALSE(saveRemapTable(t.model));
+}
+
+TEST(RemapTableFile, NoFileGivesNoRemapCreated)
+{
+    TestModel t;
+    t.host.expectMessage("Loading Remap", Answer::Ok, "No remap created. Could not find file Quillonrmp.dat");
+    EXPECT_FALSE(loadRemapTable(t.model));
+}
+
+TEST(RemapTableFile, AShortOrBadTableIsAReadErrorAndChangesNothing)
+{
+    for (const std::vector<std::string>& lines :
+         {std::vector<std::string>(255, "1"), std::vector<std::string>(256, "x"), std::vector<std::string>(256, "256"),
+          std::vector<std::string>(256, "-2"), std::vector<std::string>(256, "")}) {
+        TestModel t;
+        writeLinesAtomically(remapTablePath(t.model), lines);
+        t.model.remap.remapTable = identityTable();
+        t.host.expectMessage("Loading Remap", Answer::Ok, "Problem reading file Quillonrmp.dat");
+        EXPECT_FALSE(loadRemapTable(t.model));
+        EXPECT_EQ(t.model.remap.remapTable, identityTable());
+    }
+}
+
+TEST(RemapTableFile, AFolderInPlaceOfTheTableIsAReadError)
+{
+    TestModel t;
+    std::filesystem::create_directory(remapTablePath(t.model));
+    t.host.expectMessage("Loading Remap", Answer::Ok, "Problem reading file Quillonrmp.dat");
+    EXPECT_FALSE(loadRemapTable(t.model));
+}
+
+}  // namespace
+}  // namespace quillon
