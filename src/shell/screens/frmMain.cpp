@@ -13,6 +13,7 @@
 #include "banks/TakeFromBank.h"
 #include "banks/screens/BankScreen.h"
 #include "banks/screens/RandomSpreadMenu.h"
+#include "banks/screens/RemapMenus.h"
 #include "banks/screens/frmFind.h"
 #include "banks/screens/ImportCommands.h"
 #include "editors/BankMerge.h"
@@ -345,6 +346,7 @@ void frmMain::wireCommands()
     setCommand("mnuAbout", [this] { showAboutDialog(this); });
     wireMidiCommands();
     wireBankCommands();
+    wireRemapCommands(*this, m);
 }
 
 void frmMain::wireBankCommands()
