@@ -1,5 +1,6 @@
 #include "banks/RemapLists.h"
 
+#include "editors/MultiSelect.h"
 #include "files/AtomicFile.h"
 #include "model/Kind.h"
 #include "model/NumberFormat.h"
@@ -13,8 +14,6 @@ namespace quillon {
 namespace {
 
 constexpr int kBankBPositions = 128;
-// The multiset screen names its timbres from the new lists.
-constexpr unsigned kTimbreNamesChanged = kMultiSelectChanged | kFrame1Changed | kFrame2Changed;
 
 bool isPatchBank(int bank) { return bank == kPatchBankA || bank == kPatchBankB; }
 
@@ -114,14 +113,14 @@ bool readBankList(AppModel& model, int bank, int which)
         showProblem(model, "Open Bank Map", "Problem reading file");
         if (which == kNewList && model.remap.newListsPresent) {
             model.remap.newListsPresent = false;
-            model.changed(kTimbreNamesChanged);
+            refreshTimbres(model);
         }
         return false;
     }
     const int offset = bank == kPatchBankB ? kBankBPositions : 0;
     std::move(names.begin(), names.end(), namesOf(model, which).begin() + offset);
     if (which == kNewList)
-        model.changed(kTimbreNamesChanged);
+        refreshTimbres(model);
     return true;
 }
 

@@ -87,6 +87,20 @@ TEST(RemapLists, CheckNewListsNeedsBothNewLists)
     EXPECT_EQ(t.model.remap.newNames[131], "B003            ");
 }
 
+TEST(RemapLists, NewListsReadNameTheTimbresWhoseBankIsNotLoadedAtOnce)
+{
+    TestModel t;
+    setEditTimbre(t.model, 2, 128 + 5);
+    writeBankListFile(t.model, kPatchBankA, kNewList, numberedNames("NA"));
+    writeBankListFile(t.model, kPatchBankB, kNewList, numberedNames("NB"));
+    RecordingObserver observer;
+    t.model.addObserver(&observer);
+    checkNewLists(t.model);
+    t.model.removeObserver(&observer);
+    EXPECT_EQ(t.model.multiSelect.sect[2 + 4].caption, "NB005            B005");
+    EXPECT_TRUE(observer.all & kMultiSelectChanged);
+}
+
 TEST(RemapLists, ListNamesWithoutTheirQuotesAreTheTextAfterTheComma)
 {
     std::vector<std::string> lines(128, "\"001\",\"A, B\"");
