@@ -17,20 +17,28 @@ void tell(AppModel& model, const std::string& title, const std::string& text)
     showInformation(model.host(), title, text, kRemapHelpContext);
 }
 
+// The titles of Map Old and Map New: when no bank is on show, and when the
+// bank on show (A, B) is not loaded.
+struct MapTitles {
+    const char* noBank;
+    const char* notLoaded[2];
+};
+
+constexpr MapTitles kMapOldTitles{"Map Bank As Old", {"Map Bank A As Old (oldA)", "Map Bank B As Old (oldB)"}};
+constexpr MapTitles kMapNewTitles{"Map Bank As New", {"Map Bank A As New (newA)", "Map Bank B As New (newB)"}};
+
 // The bank on show when it is a loaded PatchBank, else 0 after saying why.
 int mappableBank(AppModel& model, int which)
 {
-    const char* as = which == kOldList ? "Old" : "New";
+    const MapTitles& titles = which == kOldList ? kMapOldTitles : kMapNewTitles;
     if (model.mode != kPatchBankA && model.mode != kPatchBankB) {
-        tell(model, std::string("Map Bank As ") + as, "Please select bank A or B");
+        tell(model, titles.noBank, "Please select bank A or B");
         return 0;
     }
     const int bank = model.mode;
     if (!model.flags.loaded[bank]) {
-        const std::string letter = bank == kPatchBankA ? "A" : "B";
-        std::string lower = as;
-        lower[0] = static_cast<char>(lower[0] - 'A' + 'a');
-        tell(model, "Map Bank " + letter + " As " + as + " (" + lower + letter + ")", "No Bank " + letter + " loaded");
+        const bool bankB = bank == kPatchBankB;
+        tell(model, titles.notLoaded[bankB ? 1 : 0], bankB ? "No Bank B loaded" : "No Bank A loaded");
         return 0;
     }
     return bank;
@@ -87,9 +95,9 @@ void mnuRemapMultiBank(AppModel& model)
         return;
     }
     const int kind = model.multiMode == 1 ? kMultiBankA : kMultiBankB;
-    const std::string letter = kind == kMultiBankA ? "A" : "B";
+    const char* title = kind == kMultiBankA ? "Remap Multi Bank A" : "Remap Multi Bank B";
     if (!model.flags.loaded[kind]) {
-        tell(model, "Remap Multi Bank " + letter, "Multi bank " + letter + " is not loaded");
+        tell(model, title, kind == kMultiBankA ? "Multi bank A is not loaded" : "Multi bank B is not loaded");
         return;
     }
     if (!loadRemapTable(model))
@@ -99,7 +107,7 @@ void mnuRemapMultiBank(AppModel& model)
         for (int position = 0; position < kMultisPerBank; ++position)
             remapMultiset(model, kind, position);
     }
-    tell(model, "Remap Multi Bank " + letter, "Completed");
+    tell(model, title, "Completed");
 }
 
 }  // namespace quillon
