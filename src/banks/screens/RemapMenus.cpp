@@ -2,6 +2,7 @@
 
 #include "banks/RemapCommands.h"
 #include "banks/screens/frmRemap.h"
+#include "shell/screens/QuillonApplication.h"
 #include "shell/screens/frmMain.h"
 
 #include <QAction>
@@ -12,13 +13,15 @@ namespace quillon {
 
 namespace {
 
+// A failure of the command becomes the program's failure box.
 void wire(frmMain& window, const char* name, std::function<void()> command)
 {
     QAction* item = window.action(name);
     if (item == nullptr)
         return;
     item->setEnabled(true);
-    QObject::connect(item, &QAction::triggered, &window, [command = std::move(command)] { command(); });
+    QObject::connect(item, &QAction::triggered, &window,
+                     [command = std::move(command)] { QuillonApplication::runCommand(command); });
 }
 
 }  // namespace
