@@ -41,6 +41,9 @@ int runExtract(const std::vector<std::string>& args, std::ostream& out, std::ost
 // to Bank imports them, the result lines on out, the bank saved to another
 // file.
 int runImport(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+// A multiset or MultiBank file whose timbres follow their patches from the
+// old bank lists to the new ones, saved to another file.
+int runRemap(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 // A new PatchBank of 128 variations of a patch file, as Random 128 or Spread
 // 128 makes it with the settings of a Quillonset.dat, saved to a file.
 int runRandom(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);

@@ -25,6 +25,9 @@ constexpr std::string_view kUsage =
     "  sort BANK --by KEY --out OUT   a PatchBank file sorted as the bank view sorts it; KEY:\n"
     "                                 name, category, group, osc1, osc2, fx1, fx2, filter1,\n"
     "                                 filter2, arp\n"
+    "  remap MULTI --old-a F --old-b F --new-a F --new-b F --out OUT\n"
+    "                                 a multiset or MultiBank file whose timbres follow their\n"
+    "                                 patches from the old bank lists F to the new ones\n"
     "  random PATCH --out BANK [--settings FILE] [--seed N]\n"
     "  spread PATCH --out BANK [--settings FILE]\n"
     "                                 a new bank of 128 variations of PATCH, as Random 128 and\n"
@@ -84,6 +87,8 @@ int main(int argc, char** argv)
         return quillon::runExtract(args, std::cout, std::cerr);
     if (command == "import")
         return quillon::runImport(args, std::cout, std::cerr);
+    if (command == "remap")
+        return quillon::runRemap(args, std::cout, std::cerr);
     if (command == "random")
         return quillon::runRandom(args, std::cout, std::cerr);
     if (command == "spread")
