@@ -14,6 +14,7 @@ Answer QuietHost::showMessage(const MessageRequest& request)
     case MessageButtons::Ok: return Answer::Ok;
     case MessageButtons::YesNo: return questionAnswer == Answer::Cancel ? Answer::No : questionAnswer;
     case MessageButtons::YesNoCancel: return questionAnswer;
+    case MessageButtons::OkCancel: return questionAnswer == Answer::Cancel ? Answer::Cancel : Answer::Ok;
     }
     return Answer::Ok;
 }

@@ -5,11 +5,14 @@
 
 #include "files/LoadingFiles.h"
 
+#include "banks/RemapLists.h"
+#include "banks/RemapTable.h"
 #include "files/DataFolder.h"
 #include "model/Kind.h"
 #include "sysex/SysExFraming.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -80,6 +83,53 @@ void writeImportFileSeeds(const fs::path& folder)
     put(folder, "wrapped-block-and-patch.syx", wrappedFile({Bytes(12, 0x10), patch}));
     put(folder, "too-short.syx", Bytes(665, 0xF0));
     put(folder, "too-long.syx", Bytes(867, 0xF7));
+}
+
+// The files of Remap: a first byte naming the files that are there (one bit
+// each for oldA, oldB, newA, newB and Quillonrmp.dat; 0x20 answers Create
+// Remap's questions), then their contents cut at 0x1E.
+Bytes remapInput(std::uint8_t present, const std::vector<std::vector<std::string>>& files)
+{
+    Bytes input{present};
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (i > 0)
+            input.push_back(0x1E);
+        for (const std::string& line : files[i]) {
+            input.insert(input.end(), line.begin(), line.end());
+            input.push_back('\r');
+            input.push_back('\n');
+        }
+    }
+    return input;
+}
+
+void writeRemapListSeeds(const fs::path& folder)
+{
+    std::array<std::string, 128> oldA;
+    std::array<std::string, 128> oldB;
+    for (int p = 0; p < 128; ++p) {
+        char name[17];
+        std::snprintf(name, sizeof name, "Patch A%03d      ", p);
+        oldA[static_cast<std::size_t>(p)] = name;
+        std::snprintf(name, sizeof name, "patch b%03d      ", p);
+        oldB[static_cast<std::size_t>(p)] = name;
+    }
+    std::array<std::string, 128> newA = oldA;
+    std::reverse(newA.begin(), newA.end());
+    std::array<std::string, 128> newB = oldB;
+    newB[12] = "Renamed         ";
+    newB[13] = "PATCH A000      ";
+    RemapTable table{};
+    for (std::size_t i = 0; i < table.size(); ++i)
+        table[i] = static_cast<std::int16_t>(i % 9 == 0 ? -1 : 255 - i);
+    const std::vector<std::vector<std::string>> all = {formatBankList(oldA), formatBankList(oldB), formatBankList(newA),
+                                                       formatBankList(newB), formatRemapTable(table)};
+    put(folder, "all-five", remapInput(0x3F, all));
+    put(folder, "lists-only", remapInput(0x2F, {all[0], all[1], all[2], all[3]}));
+    put(folder, "new-lists-and-table", remapInput(0x1C, {{}, {}, all[2], all[3], all[4]}));
+    put(folder, "table-only", remapInput(0x10, {{}, {}, {}, {}, all[4]}));
+    put(folder, "short-list", remapInput(0x21, {{"\"000\",\"only\"", "no comma"}}));
+    put(folder, "bad-table", remapInput(0x10, {{}, {}, {}, {}, {"1", "x", "-2", "256"}}));
 }
 
 void writeConversionSeeds(const fs::path& folder)
@@ -189,5 +239,7 @@ int main(int argc, char** argv)
     writeReceiveSeeds(root / "fuzz_receive_engine");
     writeDataFileSeeds(root / "fuzz_data_files");
     writeImportFileSeeds(root / "fuzz_import_file");
+    fs::remove_all(root / "fuzz_remap_lists");
+    writeRemapListSeeds(root / "fuzz_remap_lists");
     return 0;
 }
