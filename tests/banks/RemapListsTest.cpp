@@ -3,6 +3,7 @@
 #include "BankFixtures.h"
 #include "RemapFixtures.h"
 #include "files/AtomicFile.h"
+#include "shell/StartUp.h"
 #include "support/TestModel.h"
 
 #include <gtest/gtest.h>
@@ -99,6 +100,16 @@ TEST(RemapLists, NewListsReadNameTheTimbresWhoseBankIsNotLoadedAtOnce)
     t.model.removeObserver(&observer);
     EXPECT_EQ(t.model.multiSelect.sect[2 + 4].caption, "NB005            B005");
     EXPECT_TRUE(observer.all & kMultiSelectChanged);
+}
+
+TEST(RemapLists, StartUpReadsTheNewListsWhenBothAreThere)
+{
+    TestModel t;
+    writeBankListFile(t.model, kPatchBankA, kNewList, numberedNames("NA"));
+    writeBankListFile(t.model, kPatchBankB, kNewList, numberedNames("NB"));
+    ASSERT_TRUE(doFormLoadMain(t.model));
+    EXPECT_TRUE(t.model.remap.newListsPresent);
+    EXPECT_EQ(t.model.remap.newNames[255], "NB127           ");
 }
 
 TEST(RemapLists, ListNamesWithoutTheirQuotesAreTheTextAfterTheComma)
