@@ -103,8 +103,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // loaded, so every step with a list uses it), which matches the names
     // read and writes the table anew.
     host.questionAnswer = (present & 0x20) != 0 ? Answer::Yes : Answer::Cancel;
-    createRemap(model);
-    matchNames(model);
+    if (!createRemap(model))
+        matchNames(model);
     checkTable(model.remap.remapTable);
     return 0;
 }

@@ -14,8 +14,6 @@ namespace {
 constexpr const char* kNotPresent = "[not present]";
 constexpr int kBankBPositions = 128;
 
-int compareCharacterCodes(const std::string& left, const std::string& right) { return left.compare(right); }
-
 void appendLine(std::string& text, int oldPosition, const std::string& oldName, int newPosition,
                 const std::string& newName)
 {
@@ -91,7 +89,7 @@ std::string remapShowText(const RemapShowData& data, int order)
     std::string text;
     switch (order) {
     case kByOldName:
-        for (const int old : bubbleSortedPositions(data.oldNames, compareCharacterCodes))
+        for (const int old : bubbleSortedPositions(data.oldNames))
             appendOld(text, data, old);
         break;
     case kByNewNumber:
@@ -99,7 +97,7 @@ std::string remapShowText(const RemapShowData& data, int order)
             appendNew(text, data, position);
         break;
     case kByNewName:
-        for (const int position : bubbleSortedPositions(data.newNames, compareCharacterCodes))
+        for (const int position : bubbleSortedPositions(data.newNames))
             appendNew(text, data, position);
         break;
     default:

@@ -41,36 +41,31 @@ void showBox(AppModel& model, const std::string& title, const std::string& text)
 
 std::filesystem::path remapTablePath(const AppModel& model) { return model.dataFolder() / kRemapFile; }
 
-int compareNamesIgnoringCase(const std::string& left, const std::string& right)
+std::string nameIgnoringCase(const std::string& name)
 {
-    const std::size_t common = std::min(left.size(), right.size());
-    for (std::size_t i = 0; i < common; ++i) {
-        const int l = lowerOf(left[i]);
-        const int r = lowerOf(right[i]);
-        if (l != r)
-            return l < r ? -1 : 1;
-    }
-    if (left.size() == right.size())
-        return 0;
-    return left.size() < right.size() ? -1 : 1;
+    std::string lower = name;
+    for (char& c : lower)
+        c = static_cast<char>(lowerOf(c));
+    return lower;
 }
 
-std::array<int, 256> bubbleSortedPositions(const RemapNames& names,
-                                           int (*compare)(const std::string&, const std::string&))
+std::array<int, 256> bubbleSortedPositions(const RemapNames& names)
 {
     std::array<int, 256> order{};
     for (int i = 0; i < kPositions; ++i)
         order[static_cast<std::size_t>(i)] = i;
-    bool swapped = true;
-    while (swapped) {
-        swapped = false;
-        for (std::size_t i = 0; i + 1 < order.size(); ++i) {
-            if (compare(names[static_cast<std::size_t>(order[i])], names[static_cast<std::size_t>(order[i + 1])]) >
-                0) {
+    // Each pass ends where the last one swapped: beyond that the names are
+    // in their places already, so the order comes out the same.
+    std::size_t end = order.size() - 1;
+    while (end > 0) {
+        std::size_t lastSwap = 0;
+        for (std::size_t i = 0; i < end; ++i) {
+            if (names[static_cast<std::size_t>(order[i])] > names[static_cast<std::size_t>(order[i + 1])]) {
                 std::swap(order[i], order[i + 1]);
-                swapped = true;
+                lastSwap = i;
             }
         }
+        end = lastSwap;
     }
     return order;
 }
@@ -79,12 +74,18 @@ RemapTable matchNames(const RemapNames& oldNames, const RemapNames& newNames)
 {
     RemapTable table;
     table.fill(-1);
-    const auto oldOrder = bubbleSortedPositions(oldNames, compareNamesIgnoringCase);
-    const auto newOrder = bubbleSortedPositions(newNames, compareNamesIgnoringCase);
+    RemapNames oldKeys;
+    RemapNames newKeys;
+    for (std::size_t i = 0; i < oldKeys.size(); ++i) {
+        oldKeys[i] = nameIgnoringCase(oldNames[i]);
+        newKeys[i] = nameIgnoringCase(newNames[i]);
+    }
+    const auto oldOrder = bubbleSortedPositions(oldKeys);
+    const auto newOrder = bubbleSortedPositions(newKeys);
     for (const int oldIndex : oldOrder) {
-        const std::string& oldName = oldNames[static_cast<std::size_t>(oldIndex)];
+        const std::string& oldKey = oldKeys[static_cast<std::size_t>(oldIndex)];
         for (const int newIndex : newOrder) {
-            const int order = compareNamesIgnoringCase(newNames[static_cast<std::size_t>(newIndex)], oldName);
+            const int order = newKeys[static_cast<std::size_t>(newIndex)].compare(oldKey);
             if (order == 0) {
                 table[static_cast<std::size_t>(oldIndex)] = static_cast<std::int16_t>(newIndex);
                 break;

@@ -26,15 +26,14 @@ inline constexpr int kRemapHelpContext = 220;
 
 std::filesystem::path remapTablePath(const AppModel& model);
 
-// Case-insensitive comparison of two names, as the match sorts and walks
-// them: negative, zero or positive.
-int compareNamesIgnoringCase(const std::string& left, const std::string& right);
+// A name as the match compares it: capitals made small, so that names
+// differing only in case compare equal.
+std::string nameIgnoringCase(const std::string& name);
 
-// Positions 0..255 in the order of their names, by bubble sort: passes over
-// adjacent pairs, swapping when the left name is greater, until a pass swaps
-// nothing. Equal names keep their order. `compare` is as above.
-std::array<int, 256> bubbleSortedPositions(const RemapNames& names,
-                                           int (*compare)(const std::string&, const std::string&));
+// Positions 0..255 in the order of their names by character code, by bubble
+// sort: passes over adjacent pairs, swapping when the left name is greater,
+// until a pass swaps nothing. Equal names keep their order.
+std::array<int, 256> bubbleSortedPositions(const RemapNames& names);
 
 // Every old position to the first new position (in sorted order, so the
 // lowest) whose name is the same, blanks included and case ignored; -1 when

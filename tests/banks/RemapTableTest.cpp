@@ -117,13 +117,39 @@ TEST(RemapMatch, EmptyNamesMatchEmptyNames)
 TEST(RemapMatch, TheBubbleSortKeepsEqualNamesInTheirOrder)
 {
     RemapNames names = blankNames();
-    names[200] = "aaa";
+    names[200] = "AAA";
     names[3] = "AAA";
-    names[100] = "aAa";
-    const auto order = bubbleSortedPositions(names, compareNamesIgnoringCase);
+    names[100] = "AAA";
+    const auto order = bubbleSortedPositions(names);
     EXPECT_EQ(order[0], 3);
     EXPECT_EQ(order[1], 100);
     EXPECT_EQ(order[2], 200);
+}
+
+TEST(RemapMatch, TheBubbleSortOrdersAReversedListFully)
+{
+    RemapNames names;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        names[i] = std::string(1, static_cast<char>('A' + (255 - i) / 26)) + static_cast<char>('a' + (255 - i) % 26);
+    const auto order = bubbleSortedPositions(names);
+    for (std::size_t i = 0; i < order.size(); ++i)
+        EXPECT_EQ(order[i], 255 - static_cast<int>(i));
+}
+
+TEST(RemapMatch, CaseIsIgnoredByMakingCapitalsSmall)
+{
+    EXPECT_EQ(nameIgnoringCase("Warm PAD 1"), "warm pad 1");
+    // "_" lies between the capitals and the small letters: made small, "Z"
+    // sorts after it.
+    RemapNames oldNames;
+    RemapNames newNames;
+    oldNames.fill("x");
+    newNames.fill("y");
+    oldNames[0] = "Z";
+    newNames[0] = "_";
+    newNames[1] = "z";
+    const RemapTable table = matchNames(oldNames, newNames);
+    EXPECT_EQ(table[0], 1);
 }
 
 TEST(RemapMultiset, ATimbreAbove127GoesThroughTheBHalfOfTheTable)
