@@ -54,19 +54,12 @@ std::array<int, 256> bubbleSortedPositions(const RemapNames& names)
     std::array<int, 256> order{};
     for (int i = 0; i < kPositions; ++i)
         order[static_cast<std::size_t>(i)] = i;
-    // Each pass ends where the last one swapped: beyond that the names are
-    // in their places already, so the order comes out the same.
-    std::size_t end = order.size() - 1;
-    while (end > 0) {
-        std::size_t lastSwap = 0;
-        for (std::size_t i = 0; i < end; ++i) {
-            if (names[static_cast<std::size_t>(order[i])] > names[static_cast<std::size_t>(order[i + 1])]) {
-                std::swap(order[i], order[i + 1]);
-                lastSwap = i;
-            }
-        }
-        end = lastSwap;
-    }
+    // Passes that swap only where the left name is greater never pass one
+    // equal name over another: what they end with is the one stable order
+    // of the names, which a stable sort gives in far fewer steps.
+    std::stable_sort(order.begin(), order.end(), [&names](int left, int right) {
+        return names[static_cast<std::size_t>(left)] < names[static_cast<std::size_t>(right)];
+    });
     return order;
 }
 
@@ -80,19 +73,22 @@ RemapTable matchNames(const RemapNames& oldNames, const RemapNames& newNames)
         oldKeys[i] = nameIgnoringCase(oldNames[i]);
         newKeys[i] = nameIgnoringCase(newNames[i]);
     }
-    const auto oldOrder = bubbleSortedPositions(oldKeys);
     const auto newOrder = bubbleSortedPositions(newKeys);
-    for (const int oldIndex : oldOrder) {
-        const std::string& oldKey = oldKeys[static_cast<std::size_t>(oldIndex)];
-        for (const int newIndex : newOrder) {
-            const int order = newKeys[static_cast<std::size_t>(newIndex)].compare(oldKey);
-            if (order == 0) {
-                table[static_cast<std::size_t>(oldIndex)] = static_cast<std::int16_t>(newIndex);
-                break;
-            }
-            if (order > 0)
-                break;
-        }
+    const auto newKeyOf = [&newKeys](int position) -> const std::string& {
+        return newKeys[static_cast<std::size_t>(position)];
+    };
+    // Walking the sorted new names from the start until one is equal or
+    // greater stops at the first name not less than the old one: found by
+    // halving instead. Among equal names the stable order puts the lowest
+    // position first, so a name given twice still maps to its first place.
+    for (std::size_t oldIndex = 0; oldIndex < oldKeys.size(); ++oldIndex) {
+        const std::string& oldKey = oldKeys[oldIndex];
+        const auto first = std::lower_bound(newOrder.begin(), newOrder.end(), oldKey,
+                                            [&newKeyOf](int position, const std::string& key) {
+                                                return newKeyOf(position) < key;
+                                            });
+        if (first != newOrder.end() && newKeyOf(*first) == oldKey)
+            table[oldIndex] = static_cast<std::int16_t>(*first);
     }
     return table;
 }

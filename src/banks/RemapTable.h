@@ -30,9 +30,10 @@ std::filesystem::path remapTablePath(const AppModel& model);
 // differing only in case compare equal.
 std::string nameIgnoringCase(const std::string& name);
 
-// Positions 0..255 in the order of their names by character code, by bubble
-// sort: passes over adjacent pairs, swapping when the left name is greater,
-// until a pass swaps nothing. Equal names keep their order.
+// Positions 0..255 in the order of their names by character code, as the
+// bubble sort gives it (passes over adjacent pairs, swapping when the left
+// name is greater, until a pass swaps nothing): equal names keep their
+// order.
 std::array<int, 256> bubbleSortedPositions(const RemapNames& names);
 
 // Every old position to the first new position (in sorted order, so the

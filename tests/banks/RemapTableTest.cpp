@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <random>
 
 namespace quillon {
 namespace {
@@ -134,6 +135,83 @@ TEST(RemapMatch, TheBubbleSortOrdersAReversedListFully)
     const auto order = bubbleSortedPositions(names);
     for (std::size_t i = 0; i < order.size(); ++i)
         EXPECT_EQ(order[i], 255 - static_cast<int>(i));
+}
+
+// The match as the lists were first matched: bubble passes until none
+// swaps, then for each old name in sorted order a walk of the sorted new
+// names from their start.
+RemapTable matchByPassesAndWalks(const RemapNames& oldNames, const RemapNames& newNames)
+{
+    const auto sortByPasses = [](const RemapNames& keys) {
+        std::array<int, 256> order{};
+        for (int i = 0; i < 256; ++i)
+            order[static_cast<std::size_t>(i)] = i;
+        bool swapped = true;
+        while (swapped) {
+            swapped = false;
+            for (std::size_t i = 0; i + 1 < order.size(); ++i) {
+                if (keys[static_cast<std::size_t>(order[i])] > keys[static_cast<std::size_t>(order[i + 1])]) {
+                    std::swap(order[i], order[i + 1]);
+                    swapped = true;
+                }
+            }
+        }
+        return order;
+    };
+    RemapNames oldKeys;
+    RemapNames newKeys;
+    for (std::size_t i = 0; i < oldKeys.size(); ++i) {
+        oldKeys[i] = nameIgnoringCase(oldNames[i]);
+        newKeys[i] = nameIgnoringCase(newNames[i]);
+    }
+    RemapTable table;
+    table.fill(-1);
+    const auto newOrder = sortByPasses(newKeys);
+    for (const int oldIndex : sortByPasses(oldKeys)) {
+        for (const int newIndex : newOrder) {
+            const int order = newKeys[static_cast<std::size_t>(newIndex)].compare(oldKeys[static_cast<std::size_t>(oldIndex)]);
+            if (order == 0) {
+                table[static_cast<std::size_t>(oldIndex)] = static_cast<std::int16_t>(newIndex);
+                break;
+            }
+            if (order > 0)
+                break;
+        }
+    }
+    return table;
+}
+
+TEST(RemapMatch, TheMatchGivesWhatPassesAndWalksGiveForBanksOfFewAndManyRepeatedNames)
+{
+    // Names drawn from small alphabets repeat often, in either case, and
+    // include empty names and high character codes.
+    std::mt19937 generator(20261124);
+    const std::string letters[] = {"ab", "aBc ", "xyz\xe9", " Zz"};
+    for (int run = 0; run < 40; ++run) {
+        const std::string& alphabet = letters[run % 4];
+        std::uniform_int_distribution<int> length(0, run % 3 + 1);
+        std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
+        const auto draw = [&] {
+            RemapNames names;
+            for (std::string& name : names) {
+                const int n = length(generator);
+                for (int c = 0; c < n; ++c)
+                    name += alphabet[pick(generator)];
+            }
+            return names;
+        };
+        const RemapNames oldNames = draw();
+        const RemapNames newNames = draw();
+        EXPECT_EQ(matchNames(oldNames, newNames), matchByPassesAndWalks(oldNames, newNames)) << "run " << run;
+        for (const RemapNames* names : {&oldNames, &newNames}) {
+            const auto order = bubbleSortedPositions(*names);
+            for (std::size_t i = 0; i + 1 < order.size(); ++i) {
+                const std::string& left = (*names)[static_cast<std::size_t>(order[i])];
+                const std::string& right = (*names)[static_cast<std::size_t>(order[i + 1])];
+                ASSERT_TRUE(left < right || (left == right && order[i] < order[i + 1])) << "run " << run;
+            }
+        }
+    }
 }
 
 TEST(RemapMatch, CaseIsIgnoredByMakingCapitalsSmall)
