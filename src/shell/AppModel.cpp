@@ -7,10 +7,11 @@
 
 namespace quillon {
 
-AppModel::AppModel(Host& host, SettingsStore& store, std::filesystem::path dataFolder)
+AppModel::AppModel(Host& host, SettingsStore& store, std::filesystem::path dataFolder, Printer* printer)
     : host_(host),
       store_(store),
       dataFolder_(std::move(dataFolder)),
+      printer_(printer),
       itemImages_{ByteImage(kPatchBytes, 0), ByteImage(kMultiBytes, 0), ByteImage(kPatternBytes, 0)}
 {
 }

@@ -27,6 +27,8 @@
 
 namespace quillon {
 
+class Printer;
+
 inline constexpr int kRecentFiles = 20;
 inline constexpr int kRecentMenuSlots = 10;
 
@@ -58,12 +60,15 @@ struct MiscDump {
 // observe it and never poll.
 class AppModel {
 public:
-    AppModel(Host& host, SettingsStore& store, std::filesystem::path dataFolder);
+    AppModel(Host& host, SettingsStore& store, std::filesystem::path dataFolder, Printer* printer = nullptr);
 
     Host& host() { return host_; }
     SettingsStore& store() { return store_; }
     // Where Quillonset.dat, the user files and the "Param" folder live.
     const std::filesystem::path& dataFolder() const { return dataFolder_; }
+    // Where Print sends its text; none: nothing is printed.
+    Printer* printer() { return printer_; }
+    void setPrinter(Printer* printer) { printer_ = printer; }
 
     // Screen and sub-modes.
     int mode = 1;             // 1 patch, 2 bank A, 3 bank B, 4 multi, 5 arpeggiator
@@ -144,6 +149,7 @@ private:
     Host& host_;
     SettingsStore& store_;
     std::filesystem::path dataFolder_;
+    Printer* printer_ = nullptr;
     std::array<ByteImage, 3> itemImages_;
     std::vector<AppObserver*> observers_;
     int batchDepth_ = 0;

@@ -2,6 +2,7 @@
 
 #include "files/SettingsStore.h"
 #include "shell/AppModel.h"
+#include "support/CollectingPrinter.h"
 #include "support/ScriptedHost.h"
 
 #include <filesystem>
@@ -31,7 +32,8 @@ struct TestModel {
     ScriptedHost host;
     MemorySettingsStore store;
     TempFolder folder;
-    AppModel model{host, store, folder.path()};
+    CollectingPrinter printer;
+    AppModel model{host, store, folder.path(), &printer};
 };
 
 // The bank view's selection of a PatchBank made of these places, as the
