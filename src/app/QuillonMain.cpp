@@ -2,6 +2,7 @@
 
 #include "files/DataFolder.h"
 #include "midi/screens/MidiConnection.h"
+#include "output/screens/QtPrinter.h"
 #include "shell/AppModel.h"
 #include "shell/StartUp.h"
 #include "shell/screens/QtHost.h"
@@ -32,9 +33,10 @@ int main(int argc, char** argv)
 
     quillon::QtHost host;
     quillon::QtSettingsStore store;
+    quillon::QtPrinter printer;
     const auto platformFolder =
         QStandardPaths::writableLocation(QStandardPaths::AppDataLocation).toStdString();
-    quillon::AppModel model(host, store, quillon::chooseDataFolder(platformFolder));
+    quillon::AppModel model(host, store, quillon::chooseDataFolder(platformFolder), &printer);
     quillon::readRememberedLists(model);
 
     quillon::frmMain main(model, host);

@@ -2,6 +2,7 @@
 
 #include "editors/ScreenLayout.h"
 #include "editors/screens/EditorWidgets.h"
+#include "output/Printer.h"
 #include "shell/AppModel.h"
 #include "shell/screens/FormLaunchers.h"
 
@@ -10,9 +11,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -216,30 +214,9 @@ void frmMod::mirrorRow(int row)
 
 void frmMod::print()
 {
-    QPrinter printer;
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    QPainter painter;
-    if (!painter.begin(&printer))
-        return;
-    QFont font("Courier");
-    font.setStyleHint(QFont::TypeWriter);
-    font.setFixedPitch(true);
-    font.setPointSize(9);
-    painter.setFont(font);
-    const int lineHeight = painter.fontMetrics().lineSpacing();
-    const int pageHeight = painter.viewport().height();
-    int y = lineHeight;
-    for (const std::string& line : modListPrintLines(model_, list_)) {
-        if (y > pageHeight - lineHeight) {
-            printer.newPage();
-            y = lineHeight;
-        }
-        painter.drawText(0, y, QString::fromStdString(line));
-        y += lineHeight;
-    }
-    painter.end();
+    // The list goes to the program's printer like every other printout.
+    if (Printer* printer = model_.printer())
+        printer->print(windowTitle().toStdString(), modListPrintLines(model_, list_));
 }
 
 void showModSources(AppModel& model, QWidget* parent)

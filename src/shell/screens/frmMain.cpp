@@ -39,6 +39,7 @@
 #include "output/CheckResults.h"
 #include "output/CompareLast.h"
 #include "output/ListCommands.h"
+#include "output/Printing.h"
 #include "shell/AppModel.h"
 #include "shell/screens/QuillonApplication.h"
 #include "shell/StartUp.h"
@@ -298,6 +299,7 @@ void frmMain::wireCommands()
     setCommand("mnuSaveList", [&m] { mnuSaveList(m); });
     setCommand("mnuExit", [this] { close(); });
     setCommand("mnuDumpParamList", [&m] { mnuDumpParamList(m); });
+    setCommand("mnuPrint", [&m] { mnuPrint(m); });
     setCommand("mnuCheckLoad", [this] {
         if (mnuCheckLoad(model_))
             showCheckForm(model_, this);

@@ -26,7 +26,8 @@ struct ModWindow {
     QtHost host;
     MemorySettingsStore store;
     TempFolder folder;
-    AppModel model{host, store, folder.path()};
+    CollectingPrinter printer;
+    AppModel model{host, store, folder.path(), &printer};
     frmMain window{model, host};
 
     ModWindow()
@@ -122,6 +123,18 @@ TEST(frmMod, CtrlTTidiesThePatchAfterItsQuestion)
     EXPECT_EQ(seenTitle, "Tidy up patch");
     EXPECT_EQ(text, "Clear unnecessary intensity values");
     EXPECT_EQ(t.current()[111], 0);
+}
+
+TEST(frmMod, PrintSendsTheListToTheProgramsPrinter)
+{
+    ModWindow t;
+    frmMod form(t.model, &t.window);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    QTest::mouseClick(control<QPushButton>(&form, "cmdPrint"), Qt::LeftButton);
+    ASSERT_EQ(t.printer.jobs.size(), 1u);
+    EXPECT_EQ(t.printer.jobs[0].title, form.windowTitle().toStdString());
+    EXPECT_FALSE(t.printer.jobs[0].lines.empty());
 }
 
 }  // namespace
