@@ -49,6 +49,12 @@ int runRemap(const std::vector<std::string>& args, std::ostream& out, std::ostre
 int runRandom(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 int runSpread(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
+// The printout of a file's item as Print gives it from the window, written
+// to a PDF file: a patch subsection by subsection in the order of the tree, a
+// multiset group by group, a pattern's parameters, a bank's list (--member N
+// prints that member instead).
+int runPrint(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
 // The patches of .syx files (folders searched through) that meet every
 // condition given, by Find's rules: file, position in the file, bank place
 // and name, a line each.

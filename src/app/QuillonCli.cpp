@@ -39,6 +39,11 @@ constexpr std::string_view kUsage =
     "  import FILE_OR_DIR... --into BANK --at POS [--bank a|b] --out OUT\n"
     "                                 patch files into consecutive places of a PatchBank\n"
     "                                 from POS, as Import to Bank does\n"
+#ifdef QUILLON_CLI_PRINT
+    "  print FILE [--member N] --pdf OUT.pdf\n"
+    "                                 the printout of the item as a PDF file: a patch\n"
+    "                                 subsection by subsection, a multiset, a pattern, a bank list\n"
+#endif
     "  ports                          the MIDI input and output devices, numbered\n"
     "  request ITEM --out FILE [--in N] [--out-port N] [--channel C] [--timeout S]\n"
     "                                 asks the Z1 for ITEM (patch, bank-a, bank-b, multi,\n"
@@ -93,6 +98,10 @@ int main(int argc, char** argv)
         return quillon::runRandom(args, std::cout, std::cerr);
     if (command == "spread")
         return quillon::runSpread(args, std::cout, std::cerr);
+#ifdef QUILLON_CLI_PRINT
+    if (command == "print")
+        return quillon::runPrint(args, std::cout, std::cerr);
+#endif
     if (command == "ports")
         return quillon::runPorts(args, std::cout, std::cerr);
     if (command == "request")

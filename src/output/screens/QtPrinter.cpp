@@ -12,6 +12,9 @@ namespace quillon {
 
 namespace {
 
+// The printouts were always set in "Courier" so that the columns of the
+// value formats stand straight; the system's own fixed-pitch font does the
+// same on every system, where Courier may be missing.
 constexpr int kPointSize = 9;
 
 }  // namespace
