@@ -208,21 +208,34 @@ void clickFilePrint(frmMain& window)
     QTest::mouseClick(fileMenu, Qt::LeftButton, {}, fileMenu->actionGeometry(print).center());
 }
 
-TEST(QtPrinter, FileMenuPrintAnsweredInThePrintDialogWritesThePdf)
-{
+// The main window with the program's own printer, on the list of a loaded
+// bank whose patches are named the stem and their place.
+struct PrintWindow {
     QtHost host;
     MemorySettingsStore store;
     TempFolder folder;
     QtPrinter printer;
-    AppModel model(host, store, folder.path(), &printer);
-    frmMain window(model, host);
-    ASSERT_TRUE(doFormLoadMain(model));
-    window.resize(1300, 800);
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-    setUpScreen(model, kPatchBankA);
-    model.flags.loaded[kPatchBankA] = true;
-    nameMembers(model, kPatchBankA, kPatchesPerBank, kPatchBytes, "Bell");
+    AppModel model{host, store, folder.path(), &printer};
+    frmMain window{model, host};
+
+    PrintWindow(int bank, const std::string& stem)
+    {
+        EXPECT_TRUE(doFormLoadMain(model));
+        window.resize(1300, 800);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+        setUpScreen(model, bank);
+        model.flags.loaded[bank] = true;
+        nameMembers(model, bank, kPatchesPerBank, kPatchBytes, stem);
+    }
+};
+
+TEST(QtPrinter, FileMenuPrintAnsweredInThePrintDialogWritesThePdf)
+{
+    PrintWindow w(kPatchBankA, "Bell");
+    AppModel& model = w.model;
+    frmMain& window = w.window;
+    const TempFolder& folder = w.folder;
 
     const QString pdf = QString::fromStdString((folder / "from-menu.pdf").string());
     bool answered = false;
@@ -257,17 +270,9 @@ TEST(QtPrinter, FileMenuPrintAnsweredInThePrintDialogWritesThePdf)
 
 TEST(QtPrinter, FileMenuPrintCancelledAtTheDialogWritesNothing)
 {
-    QtHost host;
-    MemorySettingsStore store;
-    TempFolder folder;
-    QtPrinter printer;
-    AppModel model(host, store, folder.path(), &printer);
-    frmMain window(model, host);
-    ASSERT_TRUE(doFormLoadMain(model));
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-    setUpScreen(model, kPatchBankB);
-    model.flags.loaded[kPatchBankB] = true;
+    PrintWindow w(kPatchBankB, "Harp");
+    frmMain& window = w.window;
+    const TempFolder& folder = w.folder;
 
     bool cancelled = false;
     whenNextModalOpens([&](QWidget* modal) {
