@@ -165,9 +165,7 @@ void BankScreen::setCommand(const QString& name, std::function<void()> command)
     if (target == nullptr)
         return;
     wired_[name] = true;
-    target->setEnabled(true);
-    connect(target, &QAction::triggered, this,
-            [command = std::move(command)] { QuillonApplication::runCommand(command); });
+    QuillonApplication::wireCommand(target, this, std::move(command));
 }
 
 void BankScreen::makeLabels()

@@ -12,12 +12,8 @@ namespace quillon {
 
 void wireImportCommands(QMainWindow& window, AppModel& model, BankScreen& bankScreen)
 {
-    if (QAction* item = window.findChild<QAction*>("mnuImportToBank")) {
-        item->setEnabled(true);
-        QObject::connect(item, &QAction::triggered, &window, [&model, &window] {
-            QuillonApplication::runCommand([&model, &window] { showImportForm(model, &window); });
-        });
-    }
+    QuillonApplication::wireCommand(window.findChild<QAction*>("mnuImportToBank"), &window,
+                                    [&model, &window] { showImportForm(model, &window); });
     bankScreen.setCommand("mnuExtractToFiles", [&model] { extractPatches(model); });
 }
 

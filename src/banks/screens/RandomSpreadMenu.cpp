@@ -6,28 +6,12 @@
 #include <QAction>
 #include <QWidget>
 
-#include <functional>
-
 namespace quillon {
-
-namespace {
-
-// A failure of the command becomes the program's failure box.
-void wire(QAction* action, std::function<void()> command, QWidget* parent)
-{
-    if (action == nullptr)
-        return;
-    action->setEnabled(true);
-    QObject::connect(action, &QAction::triggered, parent,
-                     [command = std::move(command)] { QuillonApplication::runCommand(command); });
-}
-
-}  // namespace
 
 void wireRandomSpreadCommands(AppModel& model, QAction* randomBank, QAction* spreadBank, QWidget* parent)
 {
-    wire(randomBank, [&model] { mnuRandomBank(model); }, parent);
-    wire(spreadBank, [&model] { mnuSpreadBank(model); }, parent);
+    QuillonApplication::wireCommand(randomBank, parent, [&model] { mnuRandomBank(model); });
+    QuillonApplication::wireCommand(spreadBank, parent, [&model] { mnuSpreadBank(model); });
 }
 
 }  // namespace quillon

@@ -5,23 +5,15 @@
 #include "shell/screens/QuillonApplication.h"
 #include "shell/screens/frmMain.h"
 
-#include <QAction>
-
 #include <functional>
 
 namespace quillon {
 
 namespace {
 
-// A failure of the command becomes the program's failure box.
 void wire(frmMain& window, const char* name, std::function<void()> command)
 {
-    QAction* item = window.action(name);
-    if (item == nullptr)
-        return;
-    item->setEnabled(true);
-    QObject::connect(item, &QAction::triggered, &window,
-                     [command = std::move(command)] { QuillonApplication::runCommand(command); });
+    QuillonApplication::wireCommand(window.action(name), &window, std::move(command));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "shell/screens/QuillonApplication.h"
 
+#include <QAction>
 #include <QMessageBox>
 
 #include <exception>
@@ -35,6 +36,14 @@ void QuillonApplication::runCommand(const std::function<void()>& command)
     } catch (...) {
         report("Unknown error");
     }
+}
+
+void QuillonApplication::wireCommand(QAction* item, QObject* context, std::function<void()> command)
+{
+    if (item == nullptr)
+        return;
+    item->setEnabled(true);
+    connect(item, &QAction::triggered, context, [command = std::move(command)] { runCommand(command); });
 }
 
 void QuillonApplication::report(const QString& reason)

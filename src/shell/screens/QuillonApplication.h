@@ -5,6 +5,8 @@
 
 #include <functional>
 
+class QAction;
+
 namespace quillon {
 
 // The program's application object: the one place where the toolkit hands
@@ -27,6 +29,10 @@ public:
     // frames (which the toolkit does not expect and where memory is lost);
     // notify stays the last guard for everything else.
     static void runCommand(const std::function<void()>& command);
+
+    // Enables a menu item, toolbar action or popup item and runs its command
+    // under runCommand when it is chosen; nothing when there is no item.
+    static void wireCommand(QAction* item, QObject* context, std::function<void()> command);
 
 private:
     static void report(const QString& reason);

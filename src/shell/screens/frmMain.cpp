@@ -279,12 +279,7 @@ void frmMain::buildCentre()
 
 void frmMain::setCommand(const QString& name, std::function<void()> command)
 {
-    QAction* target = action(name);
-    if (target == nullptr)
-        return;
-    target->setEnabled(true);
-    connect(target, &QAction::triggered, this,
-            [command = std::move(command)] { QuillonApplication::runCommand(command); });
+    QuillonApplication::wireCommand(action(name), this, std::move(command));
 }
 
 void frmMain::wireCommands()
