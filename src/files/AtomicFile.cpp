@@ -1,5 +1,7 @@
 #include "files/AtomicFile.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
 #include <fstream>
 #include <iterator>
@@ -87,16 +89,22 @@ bool readWholeFile(const std::filesystem::path& path, std::vector<std::uint8_t>&
         std::ifstream in(path, std::ios::binary);
         if (!in)
             return false;
-        // A file that grew since it was looked at is cut at the limit and
-        // refused, rather than read without end.
-        std::vector<std::uint8_t> read(kLargestReadableFile + 1);
-        in.read(reinterpret_cast<char*>(read.data()), static_cast<std::streamsize>(read.size()));
+        // Read a piece at a time into room for the size the file says it
+        // has: a file that grew since it was looked at is refused once it
+        // passes the limit, rather than read without end.
+        std::vector<std::uint8_t> read;
+        std::error_code sizeError;
+        const std::uintmax_t size = std::filesystem::file_size(path, sizeError);
+        read.reserve(sizeError ? 0 : static_cast<std::size_t>(std::min<std::uintmax_t>(size, kLargestReadableFile)));
+        std::array<char, 65536> piece;
+        while (in) {
+            in.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+            read.insert(read.end(), piece.data(), piece.data() + in.gcount());
+            if (read.size() > kLargestReadableFile)
+                return false;
+        }
         if (in.bad())
             return false;
-        const auto count = static_cast<std::size_t>(in.gcount());
-        if (count > kLargestReadableFile)
-            return false;
-        read.resize(count);
         bytes = std::move(read);
         return true;
     } catch (const std::exception&) {
