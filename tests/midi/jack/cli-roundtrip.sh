@@ -21,8 +21,9 @@ ls "$state/save" >"$work/before"
 "$cli" send "$work/$item.syx" --yes --out-port "$QUILLON_Z1SIM_IN" --rate 31250 --timeout 60
 
 # The send ends when the last byte has left; z1sim saves the dump once it
-# has taken it whole, a moment later.
-for _ in $(seq 100); do
+# has taken it whole, a moment later, or several seconds later on a busy
+# machine: up to half a minute is waited for.
+for _ in $(seq 300); do
     ls "$state/save" >"$work/after"
     saved=$(comm -13 "$work/before" "$work/after" | head -n 1)
     if [ -n "$saved" ]; then
