@@ -2,7 +2,7 @@
 // program started as a user starts it, with a file opened if one is given,
 // and the main window or one of its forms drawn into a PNG file.
 //
-// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope|mod|pattern|bank|request|midi|received] [FILE.syx]
+// Usage: quillon_screenshot OUT.png [--form main|settings|help|params|about|patch|envelope|mod|pattern|bank|request|midi|received|import] [FILE.syx | FOLDER]
 //
 // "patch" shows the patch screen with OSC1 in the left frame and its
 // setting rows in the right one; "envelope" shows EG1 with its graph;
@@ -10,9 +10,11 @@
 // The program talks to the simulated Z1: "request" shows the Request
 // dialog, "midi" the MIDI tab of the settings, "received" the main window
 // once bank A has been requested and has arrived, "pattern" the pattern
-// screen once the ArpBank has arrived and a pattern has been taken from it.
+// screen once the ArpBank has arrived and a pattern has been taken from it,
+// "import" Import to Bank over the FOLDER given, bank A having arrived.
 
 #include "banks/BankMouse.h"
+#include "banks/screens/frmImport.h"
 #include "editors/ArpCommands.h"
 #include "editors/ItemStatus.h"
 #include "editors/Navigation.h"
@@ -82,7 +84,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     if (argc < 2) {
         std::fprintf(stderr, "usage: quillon_screenshot OUT.png [--form "
-                             "main|settings|help|params|about|patch|envelope|mod|pattern|bank|request|midi|received] [FILE.syx]\n");
+                             "main|settings|help|params|about|patch|envelope|mod|pattern|bank|request|midi|received|import] [FILE.syx | FOLDER]\n");
         return 2;
     }
     std::string form = "main";
@@ -104,13 +106,13 @@ int main(int argc, char** argv)
     surroundings.initMidi = quillon::doInitMIDI;
     if (!quillon::doFormLoadMain(model, surroundings))
         return 1;
-    if (!file.empty())
+    if (!file.empty() && form != "import")
         quillon::doOpenSysExFile(model, 0);
     if (form == "patch") {
         // OSC1 Setting first, then OSC1: the setting moves to the right frame.
         quillon::clickTreeNode(model, "SS13");
         quillon::clickTreeNode(model, sectionKeyOf(kOsc1Type));
-    } else if (form == "received" || form == "pattern" || form == "bank") {
+    } else if (form == "received" || form == "pattern" || form == "bank" || form == "import") {
         quillon::doSendRequest(model, form == "pattern" ? kArpBankRequest : 1);
         const QDeadlineTimer deadline(10000);
         while (model.midi.requestPending != 0 && !deadline.hasExpired())
@@ -156,6 +158,11 @@ int main(int argc, char** argv)
     } else if (form == "mod") {
         model.settings.modulationShow = false;  // every source, in use or not
         other = std::make_unique<quillon::frmMod>(model);
+    } else if (form == "import") {
+        auto import = std::make_unique<quillon::frmImport>(model);
+        if (!file.empty())
+            import->showFolder(QString::fromStdString(file));
+        other = std::move(import);
     }
     if (other) {
         other->show();
