@@ -12,6 +12,7 @@
 #include "sysex/SysExPacking.h"
 
 #include <map>
+#include <optional>
 
 namespace quillon {
 namespace {
@@ -69,27 +70,50 @@ struct JackShow : JackRig {
         EXPECT_TRUE(waitForAcknowledgement());
     }
 
+    // Every note z1sim has been played so far, as its timed report gives
+    // them; nothing when no whole report came.
+    std::optional<std::vector<HeardNote>> askHeardNotes()
+    {
+        panel.heard.clear();
+        panel.press(kPanelTimedNotes);
+        if (!runUntil(pump, [&] {
+                return !panel.heard.empty() && panel.heard.back().size() > 2 && panel.heard.back()[1] == 0x7D &&
+                       panel.heard.back()[2] == 0x02;
+            }))
+            return std::nullopt;
+        const SysExMessage& report = panel.heard.back();
+        if (report.back() != 0xF7 || (report.size() - 4) % 8 != 0)
+            return std::nullopt;
+        return parseTimedReport(report);
+    }
+
     // Every note z1sim has been played, once there are at least `minimum`
     // and the last of them is the one given.
     std::vector<HeardNote> notesEndingWith(std::size_t minimum, int key, bool on)
     {
         std::vector<HeardNote> notes;
         for (int asked = 0; asked < 50; ++asked) {
-            panel.heard.clear();
-            panel.press(kPanelTimedNotes);
-            if (!runUntil(pump, [&] {
-                    return !panel.heard.empty() && panel.heard.back().size() > 2 && panel.heard.back()[1] == 0x7D &&
-                           panel.heard.back()[2] == 0x02;
-                }))
-                break;
-            const SysExMessage& report = panel.heard.back();
-            if (report.back() != 0xF7 || (report.size() - 4) % 8 != 0)
-                continue;
-            notes = parseTimedReport(report);
-            if (notes.size() >= minimum && notes.back().key == key && notes.back().on == on)
+            if (auto heard = askHeardNotes())
+                notes = std::move(*heard);
+            if (notes.size() >= minimum && !notes.empty() && notes.back().key == key && notes.back().on == on)
                 break;
         }
         return notes;
+    }
+
+    // How many notes z1sim has been played, once there are at least `count`.
+    std::size_t notesHeardReaching(std::size_t count)
+    {
+        std::size_t heard = 0;
+        for (int asked = 0; asked < 50; ++asked) {
+            if (auto notes = askHeardNotes())
+                heard = notes->size();
+            else
+                continue;
+            if (heard >= count)
+                break;
+        }
+        return heard;
     }
 };
 
@@ -106,11 +130,18 @@ TEST_F(JackShow, ThreePatchesWithTheArpeggiatorOnThenDoneLeaveNothingSounding)
     const int before = savedCount("current-patch");
 
     show.start();
+    // The show plays a chord a second after its patch and the next patch
+    // seconds later, each send long done before the next; here the timers
+    // tick at once, so each chord is waited for before the next patch,
+    // whose send starts the port afresh.
+    const std::size_t heardBefore = notesHeardReaching(0);
     for (int i = 0; i < 3; ++i) {
         panel.heard.clear();
         ASSERT_TRUE(autoTimer.tick());
         ASSERT_TRUE(waitForAcknowledgement()) << "patch " << i;
         ASSERT_TRUE(miniTimer.tick());
+        const auto chordHeard = heardBefore + 3 * static_cast<std::size_t>(i + 1);
+        ASSERT_GE(notesHeardReaching(chordHeard), chordHeard) << "chord " << i;
     }
     panel.heard.clear();
     show.done();
